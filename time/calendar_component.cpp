@@ -43,6 +43,3 @@ HRESULT CCalendar::put_location(double, double) { return E_NOTIMPL; }
 HRESULT CCalendar::get_location(double*, double*) { return E_NOTIMPL; }
 HRESULT CCalendar::put_GMTOffset(double) { return E_NOTIMPL; }
 HRESULT CCalendar::get_GMTOffset(double*) { return E_NOTIMPL; }
-HRESULT CCalendar::GetPages(std::int32_t, INamedCollection**, IUnknown**) { return E_NOTIMPL; }
-HRESULT CCalendar::GetParameters(INamedCollection**, std::int32_t) { return E_NOTIMPL; }
-HRESULT CCalendar::SetParameters(INamedCollection*) { return E_NOTIMPL; }
