@@ -1,0 +1,76 @@
+#include "time/date_timer.h"
+
+#include <cmath>
+#include <ctime>
+
+#include "time/month_rules.h"
+#include "time/truncation.h"
+
+namespace {
+
+void store_broken_down(const std::tm& tm, tagDATETIME& record) {
+    record.Day = static_cast<std::int16_t>(tm.tm_mday);
+    record.Month = static_cast<std::int16_t>(tm.tm_mon + 1);
+    record.Year = static_cast<std::int16_t>(tm.tm_year + 1900);
+    record.Hour = static_cast<std::int16_t>(tm.tm_hour);
+    record.Minute = static_cast<std::int16_t>(tm.tm_min);
+    record.Second = static_cast<float>(tm.tm_sec);
+}
+
+}  // namespace
+
+void CDateTimer::Reset() {
+    std::time_t now = std::time(nullptr);
+    LinuxTime = now;
+    if (const std::tm* tm = std::localtime(&now)) {
+        store_broken_down(*tm, *this);
+        WeekDay = static_cast<std::int16_t>(tm->tm_wday + 1);
+    }
+}
+
+void CDateTimer::SetLinuxTime(long t) {
+    const std::time_t stamp = t;
+    if (const std::tm* tm = std::localtime(&stamp)) store_broken_down(*tm, *this);
+}
+
+void CDateTimer::SetLinuxTime(struct statx_timestamp* ts) {
+    if (!ts) return;
+    Day = 1;
+    Month = 1;
+    Year = 1970;
+    Hour = 0;
+    Minute = 0;
+    Second = 0.0f;
+
+    double s = static_cast<double>(ts->tv_sec);
+    std::int32_t days = truncate_to_int32(std::floor(s / 86400.0));
+    s -= days * 86400.0;
+    const std::int32_t hour = truncate_to_int32(s / 3600.0);
+    s -= hour * 3600.0;
+    const std::int32_t minute = truncate_to_int32(s / 60.0);
+    s -= minute * 60.0;
+
+    // The length subtracted is that of the year entered, not of the year
+    // left; stored dates depend on it.
+    std::int32_t yearLength = 365;
+    while (yearLength <= days) {
+        Year = static_cast<std::int16_t>(Year + 1);
+        yearLength = month_rules::DaysInYear(month_rules::IsGregorianLeap(Year));
+        days -= yearLength;
+    }
+    const bool leap = month_rules::IsGregorianLeap(Year);
+    const std::int32_t dayOfYear = days + 1;  // at most 366 after the year loop
+    std::int32_t total = 31;
+    std::int32_t before = 0;
+    while (dayOfYear > total) {
+        Month = static_cast<std::int16_t>(Month + 1);
+        before = total;
+        total += month_rules::DaysInMonth(Month, leap);
+    }
+    Day = static_cast<std::int16_t>(dayOfYear - before);
+
+    Hour = static_cast<std::int16_t>(hour);
+    Minute = static_cast<std::int16_t>(minute);
+    Second = static_cast<float>(s);
+    Second = static_cast<float>(Second + ts->tv_nsec / 1000000000.0);
+}
