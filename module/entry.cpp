@@ -46,6 +46,10 @@ HRESULT InitializeModule(void* /*reserved*/, IComponentCollection* collection) {
     // The new reference is taken before the old one is dropped, so passing the
     // collection already held is safe.
     if (collection) collection->AddRef();
+    // The slot is empty while the old collection is released, so a release
+    // that re-enters the module finds no collection rather than the new one.
+    IComponentCollection* previous = gGlobalComponentCollection.detach();
+    if (previous) previous->Release();
     gGlobalComponentCollection.reset(collection);
     return S_OK;
 }
@@ -62,7 +66,8 @@ extern "C" HRESULT CreateFunction(std::int32_t length, const wchar_t* name, CREA
 }
 
 void* OpenFrameworkModule(tagREFString module) {
-    const std::size_t nameLength = module.length > 0 ? static_cast<std::size_t>(module.length) : 0;
+    const std::size_t nameLength =
+        module.length > 0 && module.string ? static_cast<std::size_t>(module.length) : 0;
     // At least 264 bytes; grown for long names so the path always fits.
     std::vector<char> path(std::max<std::size_t>(264, kModuleFolderLength + nameLength * MB_CUR_MAX + 4), '\0');
     std::memcpy(path.data(), kModuleFolder, kModuleFolderLength);

@@ -63,7 +63,11 @@ protected:
     CObject() = default;
     ~CObject() = default;
 
-    std::int32_t AddRefImpl() { return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1; }
+    // The count is read again after the increment; callers see that value.
+    std::int32_t AddRefImpl() {
+        m_refCount.fetch_add(1, std::memory_order_relaxed);
+        return m_refCount.load(std::memory_order_relaxed);
+    }
 
     // The count after the decrement is taken from the atomic operation itself,
     // so two threads releasing at once can never both see zero.
@@ -83,15 +87,16 @@ private:
 template <class T>
 HRESULT CObject<T>::_CreateInstance(void* /*outer*/, const IID* iid, void** out) {
     if (!iid || !out) return E_POINTER;
-    *out = nullptr;
     T* object = nullptr;
     try {
         object = new T();
     } catch (...) {
         return E_OUTOFMEMORY;  // the partly built object is freed by the language
     }
+    // A failed final construction leaves *out as the caller passed it.
     HRESULT hr = object->FinalConstruct();
     if (hr == S_OK) {
+        *out = nullptr;
         hr = object->QueryInterface(*iid, out);
         if (SUCCEEDED(hr)) {
             object->Release();  // the caller keeps the reference QueryInterface added

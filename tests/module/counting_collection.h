@@ -1,0 +1,54 @@
+// A global component collection that only counts: it records the value each
+// AddRef and Release returns, in call order, and never frees itself (tests own
+// it on the stack and start with their own reference, count 1).
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "com_types.h"
+#include "framework_interfaces.h"
+
+class CountingCollection final : public IComponentCollection {
+public:
+    std::int32_t count = 1;
+    std::vector<std::int32_t> history;  // results of AddRef (+n) and Release (-n)
+    std::function<void()> onRelease;    // runs inside Release, before the count drops
+
+    HRESULT QueryInterface(const IID& iid, void** out) override {
+        static const IID kCollection = IIDFromName("IComponentCollection");
+        if (!out) return E_POINTER;
+        *out = nullptr;
+        if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, kCollection)) return E_NOINTERFACE;
+        *out = static_cast<IComponentCollection*>(this);
+        AddRef();
+        return S_OK;
+    }
+    std::int32_t AddRef() override {
+        history.push_back(+(++count));
+        return count;
+    }
+    std::int32_t Release() override {
+        if (onRelease) onRelease();
+        history.push_back(-(--count));
+        return count;
+    }
+
+    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override {
+        return E_NOTIMPL;
+    }
+    HRESULT GetComponentCount(std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT Unused3() override { return E_NOTIMPL; }
+    HRESULT Unused4() override { return E_NOTIMPL; }
+    HRESULT Unused5() override { return E_NOTIMPL; }
+    HRESULT Unused6() override { return E_NOTIMPL; }
+    HRESULT Unused7() override { return E_NOTIMPL; }
+    HRESULT Unused8() override { return E_NOTIMPL; }
+    HRESULT Unused9() override { return E_NOTIMPL; }
+    HRESULT Unused10() override { return E_NOTIMPL; }
+    HRESULT Unused11() override { return E_NOTIMPL; }
+    HRESULT Unused12() override { return E_NOTIMPL; }
+    HRESULT Unused13() override { return E_NOTIMPL; }
+    HRESULT GetComponent(std::int32_t, const wchar_t*, const IID*, void**) override { return E_NOTIMPL; }
+};
