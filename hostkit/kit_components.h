@@ -27,5 +27,8 @@ HRESULT CreateParametersCreatable(const IID& iid, void** out);
 ComponentCreator FindKitComponent(std::wstring_view name);
 // The framework creation function of a kit component, or null.
 CREATEFUNCTION FindKitCreationFunction(std::wstring_view name);
+// The kit's component names in table order, index in [0, KitComponentCount()).
+std::size_t KitComponentCount();
+std::wstring_view KitComponentName(std::size_t index);
 
 }  // namespace kit

@@ -59,6 +59,12 @@ CREATEFUNCTION FindKitCreationFunction(std::wstring_view name) {
     return nullptr;
 }
 
+std::size_t KitComponentCount() { return std::size(kKitComponents); }
+
+std::wstring_view KitComponentName(std::size_t index) {
+    return index < std::size(kKitComponents) ? kKitComponents[index].name : std::wstring_view();
+}
+
 }  // namespace kit
 
 // The kit exports both entry points under their plain names.

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstddef>
 #include <initializer_list>
+#include <new>
 
 #include "com_types.h"
 
@@ -75,5 +76,31 @@ protected:
 private:
     std::atomic<std::int32_t> refs_{1};
 };
+
+// Runs an operation body, turning any exception into a result code so that
+// none crosses an interface.
+template <class Body>
+HRESULT NoThrow(Body&& body) noexcept {
+    try {
+        return body();
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    } catch (...) {
+        return E_FAIL;
+    }
+}
+
+// Makes a new T and answers iid; the caller owns the one reference handed out.
+template <class T, class... Args>
+HRESULT CreateObject(const IID& iid, void** out, Args&&... args) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return NoThrow([&] {
+        T* object = new T(static_cast<Args&&>(args)...);
+        const HRESULT hr = object->QueryInterface(iid, out);
+        object->Release();  // the creation reference; an unanswered iid frees the object here
+        return hr;
+    });
+}
 
 }  // namespace kit
