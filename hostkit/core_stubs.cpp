@@ -2,6 +2,5 @@
 #include "hostkit/kit_components.h"
 
 namespace kit {
-HRESULT CreateSuperCollection(const IID&, void**) { return E_NOTIMPL; }
 HRESULT CreateRegistry(const IID&, void**) { return E_NOTIMPL; }
 }  // namespace kit
