@@ -1,6 +1,70 @@
-// Placeholder until the service lookup lands.
-#include "framework/ref_string.h"
+// The framework's string, collection and variant services, each found once
+// per process and then asked for a new object on every call.
+#include <dlfcn.h>
 
-ICreatableString* CREFString::CreateString() { return nullptr; }
-ISuperCollection* CREFString::CreateCollection() { return nullptr; }
-IVariant* CREFString::CreateVariant() { return nullptr; }
+#include "framework/ref_string.h"
+#include "module/entry.h"
+#include "module/iids.h"
+
+namespace {
+
+using ModuleCreateFunction = HRESULT (*)(std::int32_t length, const wchar_t* name, CREATEFUNCTION* out);
+using ModuleInitialize = HRESULT (*)(void* reserved, IComponentCollection* collection);
+
+constexpr tagREFString kServiceModule{13, L"CollectionsEx"};
+constexpr tagREFString kDescriptorClass{15, L"ComponentString"};
+constexpr tagREFString kDescriptorLibrary{11, L"Collections"};
+
+// A new component descriptor from the services module's "ComponentString"
+// class, or null when the module cannot be loaded or does not serve it. The
+// module stays loaded for the life of the process.
+IComponentString* LoadDescriptor() {
+    void* library = OpenFrameworkModule(kServiceModule);
+    if (!library) return nullptr;
+    auto create = reinterpret_cast<ModuleCreateFunction>(dlsym(library, "CreateFunction"));
+    auto initialize = reinterpret_cast<ModuleInitialize>(dlsym(library, "InitializeModule"));
+    if (!create) return nullptr;
+    if (initialize && gGlobalComponentCollection) initialize(nullptr, gGlobalComponentCollection.get());
+    CREATEFUNCTION createDescriptor = nullptr;
+    create(kDescriptorClass.length, kDescriptorClass.string, &createDescriptor);
+    if (!createDescriptor) return nullptr;
+    void* descriptor = nullptr;
+    createDescriptor(nullptr, &IID_IComponentString, &descriptor);
+    return static_cast<IComponentString*>(descriptor);
+}
+
+// The global collection's descriptor for the service when one is registered;
+// otherwise a descriptor built from the services module, naming the library
+// "Collections" and the service's class. The cache is never refreshed.
+template <class Service>
+Service* CreateService(SmartPtr<IComponentString>& cache, const tagREFString& component, const IID& iid) {
+    if (!cache && gGlobalComponentCollection) {
+        gGlobalComponentCollection->GetComponent(component.length, component.string, nullptr, cache.put_void());
+    }
+    if (!cache) {
+        cache.reset(LoadDescriptor());
+        if (!cache) return nullptr;
+        cache->SetPart(kComponentPartLibrary, kDescriptorLibrary.length, kDescriptorLibrary.string);
+        cache->SetPart(kComponentPartClass, component.length, component.string);
+    }
+    void* instance = nullptr;
+    cache->CreateInstance(iid, &instance);
+    return static_cast<Service*>(instance);
+}
+
+}  // namespace
+
+ICreatableString* CREFString::CreateString() {
+    static SmartPtr<IComponentString> gStringComponent;
+    return CreateService<ICreatableString>(gStringComponent, {15, L"CreatableString"}, IID_ICreatableString);
+}
+
+ISuperCollection* CREFString::CreateCollection() {
+    static SmartPtr<IComponentString> gCollectionComponent;
+    return CreateService<ISuperCollection>(gCollectionComponent, {15, L"SuperCollection"}, IID_ISuperCollection);
+}
+
+IVariant* CREFString::CreateVariant() {
+    static SmartPtr<IComponentString> gVariantComponent;
+    return CreateService<IVariant>(gVariantComponent, {7, L"Variant"}, IID_IVariant);
+}
