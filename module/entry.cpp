@@ -87,7 +87,7 @@ void* OpenFrameworkModule(tagREFString module) {
     return library;
 }
 
-CREATEFUNCTION MODULECreateFunction(tagREFString module, tagREFString component) {
+__attribute__((weak)) CREATEFUNCTION MODULECreateFunction(tagREFString module, tagREFString component) {
     void* library = OpenFrameworkModule(module);
     if (!library) return nullptr;
     auto create = reinterpret_cast<HRESULT (*)(std::int32_t, const wchar_t*, CREATEFUNCTION*)>(
@@ -114,9 +114,4 @@ IComponentCollection* GLOBALComponents() {
     IComponentCollection* collection = gGlobalComponentCollection.get();
     if (collection) collection->AddRef();
     return collection;
-}
-
-IID __IIDOfc(const char* name) {
-    if (!name) return IID_NULL;
-    return IIDFromName(std::string_view(name, std::strlen(name)));
 }

@@ -14,9 +14,11 @@ extern "C" __attribute__((visibility("default"))) HRESULT CreateFunction(std::in
                                                                          CREATEFUNCTION* out);
 __attribute__((visibility("default"))) HRESULT InitializeModule(void* reserved,
                                                                 IComponentCollection* collection);
-__attribute__((visibility("default"), weak)) CREATEFUNCTION MODULECreateFunction(tagREFString module,
-                                                                                 tagREFString component);
-__attribute__((visibility("default"), weak)) IID __IIDOfc(const char* name);
+// Exported as a weak symbol; the weak binding is given at the definition only,
+// so that references from the module's own code stay strong and a static link
+// of that code always includes the definition.
+__attribute__((visibility("default"))) CREATEFUNCTION MODULECreateFunction(tagREFString module,
+                                                                          tagREFString component);
 
 // The global collection with one reference added for the caller, created
 // from "CollectionsEx" when the host has not provided one; null on failure.

@@ -225,6 +225,11 @@ const CatalogueEntry kCatalogue[kCatalogueSize] = {
     {"_IDblVectorEvent", &IID__IDblVectorEvent},
 };
 
+__attribute__((weak)) IID __IIDOfc(const char* name) {
+    if (!name) return IID_NULL;
+    return IIDFromName(std::string_view(name, std::strlen(name)));
+}
+
 namespace {
 
 // The module's one static initialiser.

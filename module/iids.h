@@ -6,6 +6,11 @@
 
 #include "com_types.h"
 
+// The identifier of an interface name: up to 25 characters, 5 bits each,
+// case-insensitive (the same rule as IIDFromName). Exported as a weak symbol,
+// weak at the definition only so that references stay strong.
+__attribute__((visibility("default"))) IID __IIDOfc(const char* name);
+
 extern IID IID_IBindableObject;
 extern IID IID_ICollectionMoniker;
 extern IID IID_IComponentCollection;
