@@ -1,6 +1,6 @@
 // A global component collection that only counts: it records the value each
 // AddRef and Release returns, in call order, and never frees itself (tests own
-// it on the stack and start with their own reference, count 1).
+// it on the stack and by default start with their own reference, count 1).
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,9 @@
 
 class CountingCollection final : public IComponentCollection {
 public:
-    std::int32_t count = 1;
+    explicit CountingCollection(std::int32_t initial = 1) : count(initial) {}
+
+    std::int32_t count;
     std::vector<std::int32_t> history;  // results of AddRef (+n) and Release (-n)
     std::function<void()> onRelease;    // runs inside Release, before the count drops
 
