@@ -1,6 +1,5 @@
 // Text objects from wide C strings and from variants, and variants from
 // integers, made through the framework's services.
-#include <cmath>
 #include <cwchar>
 
 #include "framework/conversions.h"
