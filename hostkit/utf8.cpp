@@ -76,6 +76,15 @@ bool DecodeUtf8(std::string_view bytes, std::wstring* out) {
     return true;
 }
 
+bool IsValidUtf8(std::string_view bytes) {
+    std::size_t pos = 0;
+    while (pos < bytes.size()) {
+        char32_t c = 0;
+        if (!DecodeOne(bytes, &pos, &c)) return false;
+    }
+    return true;
+}
+
 std::wstring DecodeUtf8Lenient(std::string_view bytes) {
     std::wstring out;
     std::size_t pos = 0;

@@ -15,6 +15,9 @@ bool AppendUtf8(std::wstring_view text, std::string* out);
 // surrogates, values above 0x10FFFF, truncated or stray continuation bytes).
 bool DecodeUtf8(std::string_view bytes, std::wstring* out);
 
+// True when bytes is well-formed UTF-8 in the sense of DecodeUtf8.
+bool IsValidUtf8(std::string_view bytes);
+
 // Lenient decoding for display (file names from the environment): each byte
 // of an ill-formed sequence becomes U+FFFD.
 std::wstring DecodeUtf8Lenient(std::string_view bytes);
