@@ -235,3 +235,25 @@ TEST(KitInitializeModule, IsExportedByPlainNameAndKeepsNoReference) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(GlobalComponentCollection, CreatesTheModulesTimeThroughItsLibrary) {
+    SmartPtr<IComponentCollection> collection = NewCollection();
+    EXPECT_EQ(collection->RegisterComponent(4, L"Time", 8, L"Calendar"), S_OK);
+    const IID iid = HostIID("ITime");
+    SmartPtr<ITime> time;
+    EXPECT_EQ(collection->GetComponent(4, L"Time", &iid, time.put_void()), S_OK);
+    ASSERT_TRUE(time);
+    EXPECT_EQ(time->AddRef(), 2);
+    EXPECT_EQ(time->Release(), 1);
+    // The descriptor resolves the same way.
+    SmartPtr<IComponentString> descriptor = Describe(collection.get(), L"Time");
+    SmartPtr<ITime> second;
+    EXPECT_EQ(descriptor->CreateInstance(iid, second.put_void()), S_OK);
+    EXPECT_TRUE(second);
+    EXPECT_NE(second.get(), time.get());
+    EXPECT_EQ(time.detach()->Release(), 0);
+}
+
+}  // namespace
