@@ -1,0 +1,167 @@
+// "FolderStream": named binary values, plus a byte area reached through the
+// data stream operations; both go to the file (layout in FORMATS.md).
+#include <string>
+
+#include "framework_interfaces.h"
+#include "hostkit/kit_components.h"
+#include "hostkit/streams/byte_store.h"
+#include "hostkit/streams/folder_format.h"
+#include "hostkit/streams/stream_file.h"
+#include "hostkit/creatable_string.h"
+#include "hostkit/kit_object.h"
+#include "hostkit/kit_text.h"
+#include "hostkit/streams/stream_results.h"
+
+namespace kit {
+
+namespace {
+
+class FolderStream final : public IDataStream, public IFolderStream, public RefCounted {
+public:
+    FolderStream() = default;
+
+    HRESULT QueryInterface(const IID& iid, void** out) override {
+        return QueryFromTable(static_cast<IDataStream*>(this),
+                              {{kIID_IDataStream, static_cast<IDataStream*>(this)},
+                               {kIID_IFolderStream, static_cast<IFolderStream*>(this)}},
+                              iid, out);
+    }
+    std::int32_t AddRef() override { return AddRefImpl(); }
+    std::int32_t Release() override { return ReleaseImpl(); }
+
+    HRESULT Rewind() override {
+        raw_.Rewind();
+        return S_OK;
+    }
+    HRESULT GetSize(std::int32_t* size) override { return streams::StreamGetSize(raw_, size); }
+    HRESULT GetPosition(std::int32_t* position) override { return streams::StreamGetPosition(raw_, position); }
+    HRESULT Read(void* buffer, std::int32_t size, std::int32_t* done) override {
+        return streams::StreamRead(raw_, buffer, size, done);
+    }
+    HRESULT Write(const void* buffer, std::int32_t size, std::int32_t* done) override {
+        return NoThrow([&] { return streams::StreamWrite(raw_, buffer, size, done); });
+    }
+    HRESULT SaveToFile(std::int32_t length, const wchar_t* path) override {
+        return NoThrow([&] {
+            std::string file;
+            HRESULT hr = streams::PathFromWide(length, path, &file);
+            if (FAILED(hr)) return hr;
+            streams::FolderContent content{values_, std::string(raw_.bytes())};
+            std::string bytes;
+            hr = streams::EncodeFolderFile(content, &bytes);
+            if (FAILED(hr)) return hr;
+            return streams::WriteFileAtomically(file, bytes);
+        });
+    }
+    // A file that cannot be read leaves the stream as it was; a truncated or
+    // corrupted one leaves it empty.
+    HRESULT LoadFromFile(std::int32_t length, const wchar_t* path) override {
+        return NoThrow([&] {
+            std::string file;
+            HRESULT hr = streams::PathFromWide(length, path, &file);
+            if (FAILED(hr)) return hr;
+            std::string bytes;
+            hr = streams::ReadWholeFile(file, &bytes);
+            if (FAILED(hr)) return hr;
+            streams::FolderContent content;
+            hr = streams::DecodeFolderFile(bytes, &content);
+            values_ = std::move(content.values);
+            raw_.Assign(std::move(content.raw));
+            return hr;
+        });
+    }
+
+    // IFolderStream; flags are ignored.
+    HRESULT WriteValue(IString* name, const void* data, std::int32_t size, std::int32_t /*flags*/) override {
+        return NoThrow([&] {
+            std::wstring_view key;
+            const HRESULT hr = ValueName(name, &key);
+            if (FAILED(hr)) return hr;
+            if (size < 0) return E_INVALIDARG;
+            if (size > 0 && !data) return E_POINTER;
+            const std::string_view bytes(static_cast<const char*>(data), static_cast<std::size_t>(size));
+            if (streams::FolderValue* value = Find(key)) {
+                value->data.assign(bytes);
+            } else {
+                values_.push_back({std::wstring(key), std::string(bytes)});
+            }
+            return S_OK;
+        });
+    }
+    HRESULT GetValueSize(IString* name, std::int32_t* size) override {
+        return NoThrow([&] {
+            if (!size) return E_POINTER;
+            const streams::FolderValue* value = nullptr;
+            const HRESULT hr = Lookup(name, &value);
+            if (FAILED(hr)) return hr;
+            *size = static_cast<std::int32_t>(value->data.size());
+            return S_OK;
+        });
+    }
+    HRESULT GetValueCount(std::int32_t* count) override {
+        if (!count) return E_POINTER;
+        *count = static_cast<std::int32_t>(values_.size());
+        return S_OK;
+    }
+    HRESULT GetValueName(std::int32_t index, IString** name) override {
+        return NoThrow([&] {
+            if (!name) return E_POINTER;
+            *name = nullptr;
+            if (index < 0 || static_cast<std::size_t>(index) >= values_.size()) return E_INVALIDARG;
+            return NewString(values_[static_cast<std::size_t>(index)].name, name);
+        });
+    }
+    HRESULT RemoveValue(IString* name) override {
+        return NoThrow([&] {
+            const streams::FolderValue* value = nullptr;
+            const HRESULT hr = Lookup(name, &value);
+            if (FAILED(hr)) return hr;
+            values_.erase(values_.begin() + (value - values_.data()));
+            return S_OK;
+        });
+    }
+    // Reads exactly size bytes; the destination is untouched on any failure.
+    HRESULT ReadValue(IString* name, void* data, std::int32_t size, std::int32_t /*flags*/) override {
+        return NoThrow([&] {
+            if (size < 0) return E_INVALIDARG;
+            if (size > 0 && !data) return E_POINTER;
+            const streams::FolderValue* value = nullptr;
+            const HRESULT hr = Lookup(name, &value);
+            if (FAILED(hr)) return hr;
+            if (value->data.size() != static_cast<std::size_t>(size)) return kE_SizeMismatch;
+            if (size > 0) value->data.copy(static_cast<char*>(data), value->data.size());
+            return S_OK;
+        });
+    }
+
+private:
+    ~FolderStream() override = default;
+
+    static HRESULT ValueName(IString* name, std::wstring_view* key) {
+        const HRESULT hr = ReadString(name, key);
+        if (FAILED(hr)) return hr;
+        return streams::IsValueName(*key) ? S_OK : E_INVALIDARG;
+    }
+    streams::FolderValue* Find(std::wstring_view key) {
+        for (streams::FolderValue& value : values_) {
+            if (value.name == key) return &value;
+        }
+        return nullptr;
+    }
+    HRESULT Lookup(IString* name, const streams::FolderValue** value) {
+        std::wstring_view key;
+        const HRESULT hr = ValueName(name, &key);
+        if (FAILED(hr)) return hr;
+        *value = Find(key);
+        return *value ? S_OK : kE_NameNotFound;
+    }
+
+    std::vector<streams::FolderValue> values_;  // in the order first written; names unique
+    streams::ByteStore raw_;                    // the data stream operations' bytes
+};
+
+}  // namespace
+
+HRESULT CreateFolderStream(const IID& iid, void** out) { return CreateObject<FolderStream>(iid, out); }
+
+}  // namespace kit

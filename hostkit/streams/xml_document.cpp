@@ -1,0 +1,40 @@
+#include "hostkit/streams/xml_document.h"
+
+#include "hostkit/streams/stream_results.h"
+#include "hostkit/streams/xml_scanner.h"
+
+namespace kit::streams {
+
+namespace {
+
+HRESULT CheckDocument(std::string_view bytes) {
+    switch (ScanXml(bytes, XmlMode::kDocument, nullptr)) {
+        case XmlScan::kOk: return S_OK;
+        case XmlScan::kTruncated: return kE_StreamTruncated;
+        case XmlScan::kCorrupt: return kE_StreamCorrupt;
+    }
+    return kE_StreamCorrupt;
+}
+
+}  // namespace
+
+HRESULT XmlDocumentFromText(std::string_view text, std::string* document) {
+    std::string result;
+    if (!text.starts_with("<?xml")) result.append(kXmlDeclarationLine);
+    result.append(text);
+    // A text that is merely incomplete (an element still open) cannot be
+    // saved either; the caller sees one code for both.
+    if (FAILED(CheckDocument(result))) return kE_StreamCorrupt;
+    *document = std::move(result);
+    return S_OK;
+}
+
+HRESULT XmlTextFromDocument(std::string_view file, std::string* text) {
+    const HRESULT hr = CheckDocument(file);
+    if (FAILED(hr)) return hr;
+    if (file.starts_with(kXmlDeclarationLine)) file.remove_prefix(kXmlDeclarationLine.size());
+    text->assign(file);
+    return S_OK;
+}
+
+}  // namespace kit::streams

@@ -1,0 +1,114 @@
+#include "kitstreams/kit_streams_support.h"
+
+#include <stdlib.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <vector>
+
+namespace kitstreams_test {
+
+const LoadedModule& Kit() { return LoadModule("CollectionsEx"); }
+
+SmartPtr<IString> Text(std::wstring_view text) {
+    SmartPtr<IString> string = Make<IString>(L"CreatableString", HostIID("IString"));
+    if (string) string->SetString(static_cast<std::int32_t>(text.size()), text.data());
+    return string;
+}
+
+std::wstring TextOf(IString* string) {
+    if (!string) return {};
+    tagREFString ref{0, nullptr};
+    if (FAILED(string->GetString(&ref)) || ref.length <= 0) return {};
+    return std::wstring(ref.string, static_cast<std::size_t>(ref.length));
+}
+
+std::wstring StreamText(IUnknown* stream) {
+    SmartPtr<IString> text;
+    stream->QueryInterface(HostIID("IString"), text.put_void());
+    return TextOf(text.get());
+}
+
+SmartPtr<IVariant> IntegerVariant(std::int32_t value) {
+    SmartPtr<IVariant> variant = Make<IVariant>(L"Variant", HostIID("IVariant"));
+    if (variant) variant->SetInteger(value);
+    return variant;
+}
+
+SmartPtr<IVariant> DoubleVariant(double value) {
+    SmartPtr<IVariant> variant = Make<IVariant>(L"Variant", HostIID("IVariant"));
+    if (variant) variant->SetDouble(value);
+    return variant;
+}
+
+SmartPtr<IVariant> TextVariant(std::wstring_view value) {
+    SmartPtr<IVariant> variant = Make<IVariant>(L"Variant", HostIID("IVariant"));
+    if (variant) variant->SetText(static_cast<std::int32_t>(value.size()), value.data());
+    return variant;
+}
+
+std::int32_t RefCount(IUnknown* object) {
+    object->AddRef();
+    return object->Release();
+}
+
+ScratchFolder::ScratchFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "kitstreams-XXXXXX").string();
+    if (!::mkdtemp(pattern.data())) throw std::runtime_error("cannot make a scratch folder");
+    path_ = pattern;
+}
+
+ScratchFolder::~ScratchFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string ScratchFolder::Listing() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    std::string listing;
+    for (const std::string& name : names) listing += name + ";";
+    return listing;
+}
+
+std::wstring Wide(std::string_view ascii) { return std::wstring(ascii.begin(), ascii.end()); }
+
+std::string ReadBytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+void WriteBytes(const std::string& path, std::string_view bytes) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+HRESULT Save(IDataStream* stream, const std::string& path) {
+    const std::wstring wide = Wide(path);
+    return stream->SaveToFile(static_cast<std::int32_t>(wide.size()), wide.data());
+}
+
+HRESULT Load(IDataStream* stream, const std::string& path) {
+    const std::wstring wide = Wide(path);
+    return stream->LoadFromFile(static_cast<std::int32_t>(wide.size()), wide.data());
+}
+
+std::string ReadAll(IDataStream* stream) {
+    stream->Rewind();
+    std::string bytes;
+    char buffer[7];  // odd size, so reads end mid-buffer
+    for (;;) {
+        std::int32_t done = sizeof buffer;
+        if (FAILED(stream->Read(buffer, sizeof buffer, &done)) || done == 0) break;
+        bytes.append(buffer, static_cast<std::size_t>(done));
+    }
+    return bytes;
+}
+
+}  // namespace kitstreams_test

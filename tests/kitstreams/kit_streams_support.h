@@ -1,0 +1,68 @@
+// Shared helpers of the kit stream tests: the kit's components through its
+// exported CreateFunction, framework texts and variants, scratch folders.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "support/module_host.h"
+
+namespace kitstreams_test {
+
+// Result codes the kit's streams answer, as hosts see them.
+inline constexpr HRESULT kTruncated = static_cast<HRESULT>(0x80070026u);
+inline constexpr HRESULT kCorrupt = static_cast<HRESULT>(0x8007000Du);
+inline constexpr HRESULT kNameNotFound = static_cast<HRESULT>(0x80070490u);
+inline constexpr HRESULT kSizeMismatch = static_cast<HRESULT>(0x80070018u);
+inline constexpr HRESULT kFileNotFound = static_cast<HRESULT>(0x80070002u);
+
+const LoadedModule& Kit();
+
+template <class I>
+SmartPtr<I> Make(const wchar_t* component, const IID& iid) {
+    return Kit().Create<I>(component, iid);
+}
+
+// A framework text object of the kit holding text.
+SmartPtr<IString> Text(std::wstring_view text);
+// The text an object holds (empty for null).
+std::wstring TextOf(IString* string);
+// The whole text of a stream, read through its IString.
+std::wstring StreamText(IUnknown* stream);
+
+SmartPtr<IVariant> IntegerVariant(std::int32_t value);
+SmartPtr<IVariant> DoubleVariant(double value);
+SmartPtr<IVariant> TextVariant(std::wstring_view value);
+
+// The current reference count of an object, by AddRef and Release.
+std::int32_t RefCount(IUnknown* object);
+
+// A fresh folder under the system's temporary folder, removed with its
+// content at the end of the scope.
+class ScratchFolder {
+public:
+    ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~ScratchFolder();
+    std::string File(std::string_view name) const { return path_ + "/" + std::string(name); }
+    // Names of the entries in the folder, sorted.
+    std::string Listing() const;
+
+private:
+    std::string path_;
+};
+
+std::wstring Wide(std::string_view ascii);
+std::string ReadBytes(const std::string& path);
+void WriteBytes(const std::string& path, std::string_view bytes);
+
+// SaveToFile and LoadFromFile with a narrow path.
+HRESULT Save(IDataStream* stream, const std::string& path);
+HRESULT Load(IDataStream* stream, const std::string& path);
+
+// All bytes of a stream from its start, through Read (position ends at the end).
+std::string ReadAll(IDataStream* stream);
+
+}  // namespace kitstreams_test
