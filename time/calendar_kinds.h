@@ -1,0 +1,27 @@
+// The calendar kinds of the Time component and the conversion pair of each.
+#pragma once
+
+#include <cstdint>
+
+#include "calendar/datetime.h"
+
+enum CalendarKind : std::int32_t {
+    kCalendarGregorian = 0,
+    kCalendarJulian = 1,
+    kCalendarWestern = 2,
+    kCalendarHebrewFlagOne = 3,
+    kCalendarHebrewFlagZero = 4,
+    kCalendarAdam = 5,
+    kCalendarGeneric = 6,
+};
+
+struct CalendarKindConversions {
+    double (*toStarDate)(const tagDATETIME* date);
+    // Writes the fields the calendar's conversion writes; the others are kept.
+    void (*fromStarDate)(double starDate, tagDATETIME* date);
+};
+
+// Any kind outside 0..6, negative ones included, converts as Gregorian. Kind 2
+// converts into a date with the Western rules but back with the Gregorian
+// ones; stored star dates depend on it.
+const CalendarKindConversions& ConversionsForKind(std::int32_t kind) noexcept;
