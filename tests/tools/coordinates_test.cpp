@@ -1,0 +1,47 @@
+#include "coordinates.h"
+
+#include <gtest/gtest.h>
+
+namespace timetool {
+namespace {
+
+TEST(ParseLatitude, AcceptsSignedDegreesAndHemisphereLetters) {
+    EXPECT_EQ(*ParseLatitude("43.3").degrees, 43.3);
+    EXPECT_EQ(*ParseLatitude("43.3N").degrees, 43.3);
+    EXPECT_EQ(*ParseLatitude("43.3n").degrees, 43.3);
+    EXPECT_EQ(*ParseLatitude("33.9S").degrees, -33.9);
+    EXPECT_EQ(*ParseLatitude("-33.9").degrees, -33.9);
+    EXPECT_EQ(*ParseLatitude("90").degrees, 90.0);
+    EXPECT_EQ(*ParseLatitude("-90").degrees, -90.0);
+}
+
+TEST(ParseLatitude, RefusesOutOfRangeAndMalformedValues) {
+    EXPECT_EQ(ParseLatitude("91").error, "out of range (-90 to 90)");
+    EXPECT_EQ(ParseLatitude("90.5S").error, "out of range (-90 to 90)");
+    EXPECT_EQ(ParseLatitude("").error, "not a number of degrees");
+    EXPECT_EQ(ParseLatitude("N").error, "not a number of degrees");
+    EXPECT_EQ(ParseLatitude("-4N").error, "not a number of degrees");
+    EXPECT_EQ(ParseLatitude("43.3E").error, "not a number of degrees");
+    EXPECT_EQ(ParseLatitude("north").error, "not a number of degrees");
+    EXPECT_EQ(ParseLatitude("1e2").error, "not a number of degrees");
+}
+
+TEST(ParseLongitude, TakesEastAsPositive) {
+    EXPECT_EQ(*ParseLongitude("83.045W").degrees, -83.045);
+    EXPECT_EQ(*ParseLongitude("-83.045").degrees, -83.045);
+    EXPECT_EQ(*ParseLongitude("2.35E").degrees, 2.35);
+    EXPECT_EQ(*ParseLongitude("180").degrees, 180.0);
+    EXPECT_EQ(ParseLongitude("181").error, "out of range (-180 to 180)");
+    EXPECT_EQ(ParseLongitude("10N").error, "not a number of degrees");
+}
+
+TEST(ClassifySunAbsence, FollowsTheSeasonOfEachHemisphere) {
+    // 21 June 2024 (star date 739060) and 21 December 2024 (739243).
+    EXPECT_EQ(ClassifySunAbsence(89.0, 739060.0), SunAbsence::PolarDay);
+    EXPECT_EQ(ClassifySunAbsence(-89.0, 739060.0), SunAbsence::PolarNight);
+    EXPECT_EQ(ClassifySunAbsence(89.0, 739243.0), SunAbsence::PolarNight);
+    EXPECT_EQ(ClassifySunAbsence(-89.0, 739243.0), SunAbsence::PolarDay);
+}
+
+}  // namespace
+}  // namespace timetool

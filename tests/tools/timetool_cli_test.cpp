@@ -1,0 +1,460 @@
+// End-to-end tests of the built timetool. Expected values come from the
+// module's worked examples (star dates, 21 June 2024 sun and moon) and from
+// hand computation of the documented steps for the other instants.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "tool_runner.h"
+
+namespace {
+
+using nlohmann::json;
+
+constexpr const char* kFullMoon = "\xF0\x9F\x8C\x95";
+constexpr const char* kLastQuarter = "\xF0\x9F\x8C\x97";
+
+// Lines of `text` (without the newline) that start with `label`.
+std::string LineOf(const std::string& text, const std::string& label) {
+    std::size_t start = 0;
+    while (start < text.size()) {
+        std::size_t end = text.find('\n', start);
+        if (end == std::string::npos) end = text.size();
+        const std::string line = text.substr(start, end - start);
+        if (line.rfind(label, 0) == 0) return line;
+        start = end + 1;
+    }
+    return "";
+}
+
+TEST(TimetoolShow, SolsticeInstantInTheGregorianCalendar) {
+    const ToolRun run = RunTimetool({"show", "2024-06-21", "--calendar", "gregorian"});
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.status, 0);
+    // Sunrise and sunset: noon of 1 January 2024 (738888.5) plus the day
+    // counts 171.59733151711325 and 171.82995345218822.
+    EXPECT_EQ(run.out,
+              "Instant        2024-06-21 00:00:00 UTC\n"
+              "Gregorian      21 June 2024\n"
+              "Month length   30 days\n"
+              "Year length    12 months, 366 days\n"
+              "Calendar days  739058\n"
+              "Star date      739060.000000\n"
+              "Julian Date    2460482.500000\n"
+              "Linux time     1718928000\n"
+              "Weekday        Friday\n"
+              "Sunrise        2024-06-21 02:20:09 UTC at 43.3 N, 83.045 W\n"
+              "Sunset         2024-06-21 07:55:07 UTC\n"
+              "Moon phase     172.68\xC2\xB0 full " +
+                  std::string(kFullMoon) + "\n");
+}
+
+TEST(TimetoolShow, EveryWayOfNamingTheSolsticeGivesTheSameStarDate) {
+    for (const char* when : {"2024-06-21", "2024-06-21T00:00:00", "2024-06-21T00:00:00Z", "sd:739060",
+                             "jd:2460482.5", "@1718928000"}) {
+        const ToolRun run = RunTimetool({"show", when});
+        EXPECT_EQ(run.status, 0) << when << run.err;
+        EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      739060.000000") << when;
+        EXPECT_EQ(LineOf(run.out, "Instant"), "Instant        2024-06-21 00:00:00 UTC") << when;
+    }
+}
+
+TEST(TimetoolShow, MillenniumInstant) {
+    const ToolRun run = RunTimetool({"show", "2000-01-01"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(LineOf(run.out, "Gregorian"), "Gregorian      1 January 2000");
+    EXPECT_EQ(LineOf(run.out, "Julian "), "Julian         19 December 1999");
+    EXPECT_EQ(LineOf(run.out, "Western"), "Western        1 January 2000");
+    EXPECT_EQ(LineOf(run.out, "Hebrew   "), "Hebrew         23 Tevet 5760");
+    EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      730122.000000");
+    EXPECT_EQ(LineOf(run.out, "Julian Date"), "Julian Date    2451544.500000");
+    EXPECT_EQ(LineOf(run.out, "Linux time"), "Linux time     946684800");
+    EXPECT_EQ(LineOf(run.out, "Weekday"), "Weekday        Saturday");
+    // Day counts -0.535718842406178 and -0.30228345015752284 from 730122.5.
+    EXPECT_EQ(LineOf(run.out, "Sunrise"), "Sunrise        1999-12-31 23:08:33 UTC at 43.3 N, 83.045 W");
+    EXPECT_EQ(LineOf(run.out, "Sunset"), "Sunset         2000-01-01 04:44:42 UTC");
+    // At the reference instant itself the phase is (T(-1) - 0) / (T(-1) - T(0)) x 360.
+    EXPECT_EQ(LineOf(run.out, "Moon phase"), "Moon phase     291.76\xC2\xB0 last quarter " + std::string(kLastQuarter));
+}
+
+TEST(TimetoolShow, FirstDayOfTheGregorianReform) {
+    const ToolRun run = RunTimetool({"show", "1582-10-15"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(LineOf(run.out, "Gregorian"), "Gregorian      15 October 1582");
+    EXPECT_EQ(LineOf(run.out, "Julian "), "Julian         5 October 1582");
+    EXPECT_EQ(LineOf(run.out, "Western"), "Western        15 October 1582");
+    EXPECT_EQ(LineOf(run.out, "Hebrew   "), "Hebrew         19 Tishri 5343");
+    EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      577738.000000");
+    EXPECT_EQ(LineOf(run.out, "Julian Date"), "Julian Date    2299160.500000");
+    EXPECT_EQ(LineOf(run.out, "Linux time"), "Linux time     -12219292800");
+    EXPECT_EQ(LineOf(run.out, "Weekday"), "Weekday        Friday");
+    EXPECT_EQ(LineOf(run.out, "Sunrise"), "Sunrise        1582-10-15 00:13:04 UTC at 43.3 N, 83.045 W");
+    EXPECT_EQ(LineOf(run.out, "Sunset"), "Sunset         1582-10-15 05:32:37 UTC");
+}
+
+TEST(TimetoolShow, LastDayOfTheJulianCalendarIsTheDayBefore) {
+    const ToolRun run = RunTimetool({"convert", "1582-10-04", "--from", "julian", "--to", "western"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "Star date      577737.000000\nWestern        4 October 1582\n");
+}
+
+TEST(TimetoolShow, BcDateComesBackOneDayEarlierInTheGregorianCalendar) {
+    // 15 March 44 BC (Gregorian) is day number -15995; the module turns that
+    // day number back into 14 March, one day earlier, as it does for every
+    // BC date. The Julian and Western calendars read it as 17 March 44 BC.
+    const ToolRun run = RunTimetool({"show", "-44-03-15"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(LineOf(run.out, "Instant"), "Instant        -0044-03-14 00:00:00 UTC");
+    EXPECT_EQ(LineOf(run.out, "Gregorian"), "Gregorian      14 March 44 BC");
+    EXPECT_EQ(LineOf(run.out, "Julian "), "Julian         17 March 44 BC");
+    EXPECT_EQ(LineOf(run.out, "Western"), "Western        17 March 44 BC");
+    EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      -15995.000000");
+    EXPECT_EQ(LineOf(run.out, "Julian Date"), "Julian Date    1705427.500000");
+    EXPECT_EQ(LineOf(run.out, "Linux time"), "Linux time     -63517824000");
+    EXPECT_EQ(LineOf(run.out, "Weekday"), "Weekday        Friday");
+    EXPECT_EQ(LineOf(run.out, "Sunrise"), "Sunrise        -0044-03-14 00:30:46 UTC at 43.3 N, 83.045 W");
+    EXPECT_EQ(LineOf(run.out, "Sunset"), "Sunset         -0044-03-14 06:14:04 UTC");
+}
+
+TEST(TimetoolShow, DefaultViewShowsEveryPart) {
+    const ToolRun run = RunTimetool({});
+    ASSERT_EQ(run.status, 0) << run.err;
+    for (const char* label : {"Instant", "Gregorian", "Julian ", "Western", "Hebrew (mean)", "Hebrew  ", "Adam",
+                              "Generic", "Star date", "Julian Date", "Linux time", "Weekday", "Sunrise", "Sunset",
+                              "Moon phase"}) {
+        EXPECT_NE(LineOf(run.out, label), "") << label;
+    }
+}
+
+TEST(TimetoolConvert, SolsticeInEachCalendarKind) {
+    const struct {
+        const char* kind;
+        const char* line;
+    } cases[] = {
+        {"gregorian", "Gregorian      21 June 2024"}, {"0", "Gregorian      21 June 2024"},
+        {"julian", "Julian         8 June 2024"},     {"1", "Julian         8 June 2024"},
+        {"western", "Western        21 June 2024"},   {"hebrew", "Hebrew         15 Sivan 5784"},
+        {"4", "Hebrew         15 Sivan 5784"},
+    };
+    for (const auto& c : cases) {
+        const ToolRun run = RunTimetool({"convert", "2024-06-21", "--to", c.kind});
+        ASSERT_EQ(run.status, 0) << c.kind << run.err;
+        EXPECT_EQ(run.out, "Star date      739060.000000\n" + std::string(c.line) + "\n") << c.kind;
+    }
+}
+
+TEST(TimetoolConvert, JulianDateIntoGregorian) {
+    const ToolRun run = RunTimetool({"convert", "1999-12-19", "--from", "julian", "--to", "gregorian"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "Star date      730122.000000\nGregorian      1 January 2000\n");
+}
+
+TEST(TimetoolConvert, JsonListsTheTargets) {
+    const ToolRun run = RunTimetool({"convert", "2024-06-21", "--to", "julian", "--json"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const json doc = json::parse(run.out);
+    EXPECT_EQ(doc.size(), 4u);
+    EXPECT_EQ(doc.at("from"), "gregorian");
+    EXPECT_EQ(doc.at("star_date"), 739060.0);
+    EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00");
+    ASSERT_EQ(doc.at("calendars").size(), 1u);
+    const json& julian = doc.at("calendars").at(0);
+    EXPECT_EQ(julian.size(), 7u);
+    EXPECT_EQ(julian.at("kind"), 1);
+    EXPECT_EQ(julian.at("name"), "julian");
+    EXPECT_EQ(julian.at("title"), "Julian");
+    EXPECT_EQ(julian.at("year"), 2024);
+    EXPECT_EQ(julian.at("month"), 6);
+    EXPECT_EQ(julian.at("day"), 8);
+    EXPECT_EQ(julian.at("text"), "8 June 2024");
+}
+
+TEST(TimetoolShowJson, EveryKeyOfTheSolstice) {
+    const ToolRun run = RunTimetool({"show", "2024-06-21", "--json"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const json doc = json::parse(run.out);
+    EXPECT_EQ(doc.size(), 11u);
+    EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00");
+    EXPECT_EQ(doc.at("star_date"), 739060.0);
+    EXPECT_EQ(doc.at("julian_date"), 2460482.5);
+    EXPECT_EQ(doc.at("linux_time"), 1718928000.0);
+    EXPECT_EQ(doc.at("weekday"), 5);
+    EXPECT_EQ(doc.at("weekday_name"), "Friday");
+
+    const json& calendars = doc.at("calendars");
+    ASSERT_EQ(calendars.size(), 7u);
+    const char* names[] = {"gregorian", "julian", "western", "hebrew1", "hebrew", "adam", "generic"};
+    for (int i = 0; i < 7; ++i) {
+        EXPECT_EQ(calendars.at(i).at("kind"), i);
+        EXPECT_EQ(calendars.at(i).at("name"), names[i]);
+        for (const char* key : {"title", "year", "month", "day", "text"}) EXPECT_TRUE(calendars.at(i).contains(key));
+    }
+    EXPECT_EQ(calendars.at(0).at("text"), "21 June 2024");
+    EXPECT_EQ(calendars.at(1).at("text"), "8 June 2024");
+    EXPECT_EQ(calendars.at(2).at("text"), "21 June 2024");
+    EXPECT_EQ(calendars.at(4).at("text"), "15 Sivan 5784");
+
+    const json& calendar = doc.at("calendar");
+    EXPECT_EQ(calendar.size(), 6u);
+    EXPECT_EQ(calendar.at("kind"), 0);
+    EXPECT_EQ(calendar.at("name"), "gregorian");
+    EXPECT_EQ(calendar.at("days_in_month"), 30);
+    EXPECT_EQ(calendar.at("months_in_year"), 12);
+    EXPECT_EQ(calendar.at("days_in_year"), 366);
+    EXPECT_EQ(calendar.at("calendar_days"), 739058.0);
+
+    const json& location = doc.at("location");
+    EXPECT_EQ(location.size(), 2u);
+    EXPECT_EQ(location.at("latitude"), 43.3);
+    EXPECT_EQ(location.at("longitude"), -83.045);
+
+    const json& sun = doc.at("sun");
+    EXPECT_EQ(sun.size(), 8u);
+    EXPECT_EQ(sun.at("j0"), 738888.5);
+    EXPECT_TRUE(sun.at("polar").is_null());
+    EXPECT_EQ(sun.at("sunrise"), "2024-06-21T02:20:09");
+    EXPECT_EQ(sun.at("sunset"), "2024-06-21T07:55:07");
+    EXPECT_DOUBLE_EQ(sun.at("sunrise_days").get<double>(), 171.59733151711325);
+    EXPECT_DOUBLE_EQ(sun.at("sunset_days").get<double>(), 171.82995345218822);
+    EXPECT_DOUBLE_EQ(sun.at("sunrise_star_date").get<double>(), 738888.5 + 171.59733151711325);
+    EXPECT_DOUBLE_EQ(sun.at("sunset_star_date").get<double>(), 738888.5 + 171.82995345218822);
+
+    const json& moon = doc.at("moon");
+    EXPECT_EQ(moon.size(), 3u);
+    EXPECT_NEAR(moon.at("phase").get<double>(), 172.67579, 0.00001);
+    EXPECT_EQ(moon.at("name"), "full");
+    EXPECT_EQ(moon.at("glyph"), kFullMoon);
+}
+
+TEST(TimetoolSun, TwoDaysOfTheSolstice) {
+    const ToolRun run = RunTimetool({"sun", "2024-06-21", "--lat", "43.3", "--lon", "-83.045", "--days", "2"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out,
+              "Sunrise and sunset (UTC) at 43.3 N, 83.045 W\n"
+              "Date         Sunrise              Sunset\n"
+              "2024-06-21   2024-06-21 02:20:09  2024-06-21 07:55:07\n"
+              "2024-06-22   2024-06-22 02:20:10  2024-06-22 07:55:22\n");
+}
+
+TEST(TimetoolSun, HemisphereLettersMeanTheSamePlace) {
+    const ToolRun run = RunTimetool({"sun", "2024-06-21", "--lat", "43.3N", "--lon", "83.045W"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(LineOf(run.out, "2024-06-21"), "2024-06-21   2024-06-21 02:20:09  2024-06-21 07:55:07");
+}
+
+TEST(TimetoolSun, MidnightSunAndPolarNightAreNamed) {
+    const ToolRun day = RunTimetool({"sun", "2024-06-21", "--lat", "89"});
+    ASSERT_EQ(day.status, 0) << day.err;
+    EXPECT_EQ(LineOf(day.out, "2024-06-21"), "2024-06-21   polar day            polar day");
+    const ToolRun night = RunTimetool({"sun", "2024-06-21", "--lat", "89S"});
+    ASSERT_EQ(night.status, 0) << night.err;
+    EXPECT_EQ(LineOf(night.out, "2024-06-21"), "2024-06-21   polar night          polar night");
+
+    const ToolRun doc = RunTimetool({"sun", "2024-06-21", "--lat", "89", "--json"});
+    ASSERT_EQ(doc.status, 0) << doc.err;
+    const json parsed = json::parse(doc.out);
+    EXPECT_EQ(parsed.at("latitude"), 89.0);
+    EXPECT_EQ(parsed.at("longitude"), -83.045);
+    const json& row = parsed.at("days").at(0);
+    EXPECT_EQ(row.at("date"), "2024-06-21");
+    EXPECT_EQ(day.out.find("nan"), std::string::npos);
+    EXPECT_EQ(row.at("polar"), "polar day");
+    EXPECT_TRUE(row.at("sunrise").is_null());
+    EXPECT_TRUE(row.at("sunset").is_null());
+}
+
+TEST(TimetoolMoon, WorkedPhasesOfJanuary2024) {
+    const ToolRun run = RunTimetool({"moon", "2024-01-11T11:57", "--days", "3"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out,
+              "Date and time (UTC)  Phase     Moon\n"
+              "2024-01-11 11:57:00  3.84\xC2\xB0     \xF0\x9F\x8C\x91 new\n"
+              "2024-01-12 11:57:00  16.04\xC2\xB0    \xF0\x9F\x8C\x91 new\n"
+              "2024-01-13 11:57:00  28.23\xC2\xB0    \xF0\x9F\x8C\x92 waxing crescent\n");
+    const ToolRun full = RunTimetool({"moon", "2024-01-25T17:54", "--json"});
+    ASSERT_EQ(full.status, 0) << full.err;
+    const json doc = json::parse(full.out);
+    ASSERT_EQ(doc.at("days").size(), 1u);
+    const json& day = doc.at("days").at(0);
+    EXPECT_EQ(day.size(), 4u);
+    EXPECT_EQ(day.at("utc"), "2024-01-25T17:54:00");
+    EXPECT_NEAR(day.at("phase").get<double>(), 177.54, 0.005);
+    EXPECT_EQ(day.at("name"), "full");
+    EXPECT_EQ(day.at("glyph"), kFullMoon);
+}
+
+TEST(TimetoolMoon, NegativeAgeBranchBeforeTheReference) {
+    const ToolRun run = RunTimetool({"moon", "1999-12-22T17:31"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(LineOf(run.out, "1999"), "1999-12-22 17:31:00  178.75\xC2\xB0   " + std::string(kFullMoon) + " full");
+}
+
+TEST(TimetoolMonth, June2024Grid) {
+    // Moon at noon UTC of each day: 294.96 on the 1st, then about 12.19
+    // degrees a day (full from the 20th to the 22nd).
+    const ToolRun run = RunTimetool({"month", "2024-06"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out,
+              "            June 2024\n"
+              "Su   Mo   Tu   We   Th   Fr   Sa\n"
+              "                               1\xF0\x9F\x8C\x98\n"
+              " 2\xF0\x9F\x8C\x98  3\xF0\x9F\x8C\x98  4\xF0\x9F\x8C\x98  5\xF0\x9F\x8C\x91  6\xF0\x9F\x8C\x91"
+              "  7\xF0\x9F\x8C\x91  8\xF0\x9F\x8C\x91\n"
+              " 9\xF0\x9F\x8C\x92 10\xF0\x9F\x8C\x92 11\xF0\x9F\x8C\x92 12\xF0\x9F\x8C\x93 13\xF0\x9F\x8C\x93"
+              " 14\xF0\x9F\x8C\x93 15\xF0\x9F\x8C\x93\n"
+              "16\xF0\x9F\x8C\x94 17\xF0\x9F\x8C\x94 18\xF0\x9F\x8C\x94 19\xF0\x9F\x8C\x94 20\xF0\x9F\x8C\x95"
+              " 21\xF0\x9F\x8C\x95 22\xF0\x9F\x8C\x95\n"
+              "23\xF0\x9F\x8C\x96 24\xF0\x9F\x8C\x96 25\xF0\x9F\x8C\x96 26\xF0\x9F\x8C\x96 27\xF0\x9F\x8C\x97"
+              " 28\xF0\x9F\x8C\x97 29\xF0\x9F\x8C\x97\n"
+              "30\xF0\x9F\x8C\x97\n");
+}
+
+TEST(TimetoolMonth, JsonDays) {
+    const ToolRun run = RunTimetool({"month", "2024-06", "--json"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const json doc = json::parse(run.out);
+    EXPECT_EQ(doc.size(), 5u);
+    EXPECT_EQ(doc.at("calendar"), "gregorian");
+    EXPECT_EQ(doc.at("year"), 2024);
+    EXPECT_EQ(doc.at("month"), 6);
+    EXPECT_EQ(doc.at("title"), "June 2024");
+    ASSERT_EQ(doc.at("days").size(), 30u);
+    const json& first = doc.at("days").at(0);
+    EXPECT_EQ(first.size(), 4u);
+    EXPECT_EQ(first.at("day"), 1);
+    EXPECT_EQ(first.at("weekday"), 6);
+    EXPECT_EQ(first.at("star_date"), 739040.0);
+    EXPECT_NEAR(first.at("moon").at("phase").get<double>(), 294.95618, 0.0001);
+    EXPECT_EQ(first.at("moon").at("name"), "waning crescent");
+    EXPECT_EQ(doc.at("days").at(20).at("star_date"), 739060.0);
+}
+
+class TimetoolPersist : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(TimetoolPersist, SaveThenLoadInAnotherProcess) {
+    const TempDir dir;
+    const std::string file = dir.path() + "/" + GetParam();
+    const ToolRun save = RunTimetool({"save", file, "2024-06-21T17:54:00"});
+    ASSERT_EQ(save.status, 0) << save.err;
+    EXPECT_TRUE(std::filesystem::exists(file));
+    const std::string form = std::string(GetParam()).ends_with(".xml") ? "xml" : "folder";
+    EXPECT_EQ(save.out, "File           " + file + " (" + form +
+                            " stream)\n"
+                            "Saved          day 21, month 6, year 2024, hour 17, minute 54, second 0\n");
+
+    const ToolRun load = RunTimetool({"load", file});
+    ASSERT_EQ(load.status, 0) << load.err;
+    // The Time component applies the stored Year to its month field and keeps
+    // its own (zero) year: stored data has always been read this way.
+    EXPECT_EQ(load.out, "File           " + file + " (" + form +
+                            " stream)\n"
+                            "Stored         Day 21, Month 6, Year 2024, Hour 17, Minute 54, Second 0\n"
+                            "Loaded         day 21, month 2024, year 0, hour 17, minute 54, second 0\n"
+                            "               (the Time component reads the stored Year into its month field and "
+                            "keeps\n"
+                            "               its own year; stored data relies on this)\n");
+
+    const ToolRun doc = RunTimetool({"load", file, "--json"});
+    ASSERT_EQ(doc.status, 0) << doc.err;
+    const json parsed = json::parse(doc.out);
+    EXPECT_EQ(parsed.size(), 4u);
+    EXPECT_EQ(parsed.at("file"), file);
+    EXPECT_EQ(parsed.at("form"), form);
+    EXPECT_EQ(parsed.at("stored"),
+              json::parse(R"({"Day":21,"Month":6,"Year":2024,"Hour":17,"Minute":54,"Second":0.0})"));
+    EXPECT_EQ(parsed.at("loaded"),
+              json::parse(R"({"day":21,"month":2024,"year":0,"hour":17,"minute":54,"second":0.0})"));
+}
+
+INSTANTIATE_TEST_SUITE_P(XmlAndFolder, TimetoolPersist, ::testing::Values("time.xml", "time.dat"));
+
+TEST(TimetoolWindow, PrintsTheWindowByAgeAfterEachValue) {
+    const ToolRun run = RunTimetool({"window", "3"}, "1 2\n3 4.5\n");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "1\n1 2\n1 2 3\n2 3 4.5\n");
+}
+
+TEST(TimetoolWindow, PrintsEachNotificationAsAListener) {
+    const ToolRun run = RunTimetool({"window", "2", "--events"}, "7 8 9");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out,
+              "event SizeChanged\n"
+              "event ElementChanged index -1\n7\n"
+              "event ElementChanged index -1\n7 8\n"
+              "event ElementChanged index -1\n8 9\n");
+}
+
+TEST(TimetoolWindow, JsonSteps) {
+    const ToolRun run = RunTimetool({"window", "2", "--events", "--json"}, "7 8 9");
+    ASSERT_EQ(run.status, 0) << run.err;
+    const json expected = json::parse(R"({"capacity":2,"events":[{"event":"SizeChanged"}],"steps":[
+        {"value":7.0,"window":[7.0],"events":[{"event":"ElementChanged","index":-1}]},
+        {"value":8.0,"window":[7.0,8.0],"events":[{"event":"ElementChanged","index":-1}]},
+        {"value":9.0,"window":[8.0,9.0],"events":[{"event":"ElementChanged","index":-1}]}]})");
+    EXPECT_EQ(json::parse(run.out), expected);
+}
+
+struct BadInputCase {
+    std::vector<std::string> args;
+    const char* message;
+};
+
+TEST(TimetoolBadInput, OneLineNamingTheArgumentAndStatus2) {
+    const BadInputCase cases[] = {
+        {{"frobnicate"},
+         "timetool: unknown command 'frobnicate' (show, convert, sun, moon, month, save, load, window; --help lists "
+         "them)\n"},
+        {{"show", "2024-02-30"},
+         "timetool: bad WHEN '2024-02-30': no such day in that month of the Gregorian calendar\n"},
+        {{"show", "21/06/2024"}, "timetool: bad WHEN '21/06/2024': expected YYYY-MM-DD\n"},
+        {{"show", "sd:abc"}, "timetool: bad WHEN 'sd:abc': not a number\n"},
+        {{"convert", "2024-06-21", "--to", "mayan"},
+         "timetool: unknown calendar 'mayan' for --to (gregorian, julian, western, hebrew1, hebrew, adam, generic or "
+         "0 to 6)\n"},
+        {{"show", "--calendar", "7"},
+         "timetool: unknown calendar '7' for --calendar (gregorian, julian, western, hebrew1, hebrew, adam, generic "
+         "or 0 to 6)\n"},
+        {{"sun", "2024-06-21", "--lat", "91"}, "timetool: bad --lat '91': out of range (-90 to 90)\n"},
+        {{"sun", "2024-06-21", "--lon", "200E"}, "timetool: bad --lon '200E': out of range (-180 to 180)\n"},
+        {{"sun", "2024-06-21", "--days", "0"}, "timetool: bad --days '0': out of range (1 to 3660)\n"},
+        {{"month", "2024-6"}, "timetool: bad YEAR-MONTH '2024-6': expected YYYY-MM\n"},
+        {{"window", "0"}, "timetool: bad N '0': out of range (1 to 1000000)\n"},
+        {{"load", "/nonexistent/time.xml"},
+         "timetool: cannot read FILE '/nonexistent/time.xml': No such file or directory\n"},
+    };
+    for (const BadInputCase& c : cases) {
+        const ToolRun run = RunTimetool(c.args);
+        EXPECT_EQ(run.status, 2) << c.args.at(0);
+        EXPECT_EQ(run.err, c.message);
+        EXPECT_EQ(run.out, "");
+    }
+}
+
+TEST(TimetoolBadInput, NonNumberOnStandardInput) {
+    const ToolRun run = RunTimetool({"window", "2"}, "1 x");
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "1\n");
+    EXPECT_EQ(run.err, "timetool: bad number 'x' on standard input\n");
+}
+
+TEST(TimetoolMissingModule, NamesThePathTriedAndExitsWith1) {
+    const TempDir dir;
+    const std::string copy = dir.path() + "/timetool";
+    std::filesystem::copy_file(TIMETOOL_PATH, copy);
+    const ToolRun run = RunProgram(copy, {"show", "2024-06-21"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "timetool: cannot load module " + dir.path() +
+                           "/_binlinux/Calendar.so (cannot open shared object file: No such file or directory)\n");
+}
+
+TEST(TimetoolHelp, EverySubcommandHasHelp) {
+    for (const char* command : {"show", "convert", "sun", "moon", "month", "save", "load", "window"}) {
+        const ToolRun run = RunTimetool({command, "--help"});
+        EXPECT_EQ(run.status, 0) << command;
+        EXPECT_NE(run.out.find(std::string("Usage: timetool ") + command), std::string::npos) << command;
+    }
+}
+
+}  // namespace

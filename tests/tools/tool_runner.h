@@ -1,0 +1,32 @@
+// Runs a built executable as a user would and collects what it prints.
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct ToolRun {
+    int status = -1;  // exit status, or -1 when the process did not exit normally
+    std::string out;
+    std::string err;
+};
+
+// Runs `program` with `args`, feeding `input` on standard input, in the
+// current directory (tests run from the build tree).
+ToolRun RunProgram(const std::string& program, const std::vector<std::string>& args, const std::string& input = "");
+
+// Runs the built timetool.
+ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input = "");
+
+// A fresh directory under the system's temporary folder, removed with its
+// contents when the holder is destroyed.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};

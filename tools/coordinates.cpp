@@ -1,0 +1,49 @@
+#include "coordinates.h"
+
+#include <charconv>
+#include <cmath>
+#include <numbers>
+
+namespace timetool {
+
+namespace {
+
+CoordinateParse ParseDegrees(std::string_view text, char positive, char negative, double limit) {
+    double sign = 1.0;
+    if (!text.empty()) {
+        const char last = static_cast<char>(text.back() & ~0x20);  // upper-case an ASCII letter
+        if (last == positive || last == negative) {
+            sign = last == negative ? -1.0 : 1.0;
+            text.remove_suffix(1);
+            if (!text.empty() && text.front() == '-') return {std::nullopt, "not a number of degrees"};
+        }
+    }
+    double value = 0.0;
+    const char* first = text.data();
+    const char* end = text.data() + text.size();
+    const auto [stop, ec] = std::from_chars(first, end, value, std::chars_format::fixed);
+    if (text.empty() || ec != std::errc() || stop != end || !std::isfinite(value)) {
+        return {std::nullopt, "not a number of degrees"};
+    }
+    value *= sign;
+    if (value < -limit || value > limit) {
+        return {std::nullopt, limit == 90.0 ? "out of range (-90 to 90)" : "out of range (-180 to 180)"};
+    }
+    return {value, {}};
+}
+
+}  // namespace
+
+CoordinateParse ParseLatitude(std::string_view text) { return ParseDegrees(text, 'N', 'S', 90.0); }
+
+CoordinateParse ParseLongitude(std::string_view text) { return ParseDegrees(text, 'E', 'W', 180.0); }
+
+SunAbsence ClassifySunAbsence(double latitudeNorth, double starDate) {
+    // Mean tropical year, and the March equinox of 2000 as a star date.
+    constexpr double kTropicalYear = 365.2422;
+    constexpr double kEquinox2000 = 730201.3;
+    const double season = std::sin(2.0 * std::numbers::pi * (starDate - kEquinox2000) / kTropicalYear);
+    return latitudeNorth * season > 0.0 ? SunAbsence::PolarDay : SunAbsence::PolarNight;
+}
+
+}  // namespace timetool
