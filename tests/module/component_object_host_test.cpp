@@ -244,3 +244,27 @@ TEST(ComponentObject, GetNameIgnoresItsIntegerArgument) {
 }
 
 }  // namespace
+
+namespace {
+
+constexpr HRESULT kPointer = static_cast<HRESULT>(0x80004003u);
+
+// Null pointers are refused with a code instead of being dereferenced.
+TEST(ComponentObject, NullPointersGiveEPointer) {
+    for (const Component& component : Components()) {
+        void* object = nullptr;
+        EXPECT_EQ(FactoryOf(component)(nullptr, nullptr, &object), kPointer);
+        EXPECT_EQ(object, nullptr);
+        EXPECT_EQ(FactoryOf(component)(nullptr, &IID_IUnknown, nullptr), kPointer);
+
+        auto* info = static_cast<IObjectInfo*>(static_cast<void*>(Create(component, HostIID("IObjectInfo"))));
+        ASSERT_NE(info, nullptr);
+        EXPECT_EQ(info->QueryInterface(IID_IUnknown, nullptr), kPointer);
+        EXPECT_EQ(info->GetName(0, nullptr), kPointer);
+        EXPECT_EQ(info->AddRef(), 2);
+        EXPECT_EQ(info->Release(), 1);
+        EXPECT_EQ(info->Release(), 0);
+    }
+}
+
+}  // namespace

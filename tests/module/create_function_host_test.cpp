@@ -103,3 +103,16 @@ TEST(CreateFunction, ReadsOnlyLengthCharacters) {
 }
 
 }  // namespace
+
+namespace {
+
+// Null pointers are refused with a code instead of being dereferenced.
+TEST(CreateFunction, NullPointersGiveEPointer) {
+    constexpr HRESULT kPointer = static_cast<HRESULT>(0x80004003u);
+    EXPECT_EQ(LoadModule("Calendar").createFunction(4, L"Time", nullptr), kPointer);
+    const Lookup lookup = Call(4, nullptr);
+    EXPECT_EQ(lookup.result, kPointer);
+    EXPECT_EQ(lookup.factory, &Sentinel);
+}
+
+}  // namespace

@@ -9,9 +9,7 @@
 
 namespace {
 
-IIDOfcProc ModuleIIDOfc() {
-    return reinterpret_cast<IIDOfcProc>(LoadModule("Calendar").Symbol(kIIDOfcSymbol));
-}
+IIDOfcProc ModuleIIDOfc() { return LoadModule("Calendar").iidOfc; }
 
 IIDBytes ModuleBytes(const char* name) { return BytesOf(ModuleIIDOfc()(name)); }
 

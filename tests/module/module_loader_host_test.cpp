@@ -16,13 +16,11 @@ using testing::internal::CaptureStdout;
 using testing::internal::GetCapturedStdout;
 
 CREATEFUNCTION LoadComponent(tagREFString module, tagREFString component) {
-    auto load = reinterpret_cast<ModuleCreateFunctionProc>(LoadModule("Calendar").Symbol(kModuleCreateFunctionSymbol));
-    return load(module, component);
+    return LoadModule("Calendar").moduleCreateFunction(module, component);
 }
 
 void SetGlobalCollection(IComponentCollection* collection) {
-    auto initialize = reinterpret_cast<InitializeModuleProc>(LoadModule("Calendar").Symbol(kInitializeModuleSymbol));
-    initialize(nullptr, collection);
+    LoadModule("Calendar").initializeModule(nullptr, collection);
 }
 
 // What an installed copy of the fixture module recorded; the copy must
@@ -53,7 +51,8 @@ const tagREFString kWidget{6, L"Widget"};
 // the path string it was first opened with, whatever the current directory.
 
 TEST(MODULECreateFunction, IsExportedWeakAndDecorated) {
-    EXPECT_NE(LoadModule("Calendar").Symbol(kModuleCreateFunctionSymbol), nullptr);
+    EXPECT_NE(LoadModule("Calendar").moduleCreateFunction, nullptr);
+    EXPECT_NE(LoadModule("Calendar").initializeModule, nullptr);
 }
 
 TEST(MODULECreateFunction, InitialisesTheModuleWithTheGlobalCollectionAndRequestsTheComponent) {

@@ -29,12 +29,15 @@ const LoadedModule& LoadModule(const char* module) {
     entry.handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!entry.handle) throw std::runtime_error("cannot load " + path + ": " + dlerror());
     entry.createFunction = reinterpret_cast<CreateFunctionProc>(dlsym(entry.handle, "CreateFunction"));
+    entry.initializeModule = reinterpret_cast<InitializeModuleProc>(dlsym(entry.handle, kInitializeModuleSymbol));
+    entry.moduleCreateFunction =
+        reinterpret_cast<ModuleCreateFunctionProc>(dlsym(entry.handle, kModuleCreateFunctionSymbol));
+    entry.iidOfc = reinterpret_cast<IIDOfcProc>(dlsym(entry.handle, kIIDOfcSymbol));
     return loaded.emplace(module, entry).first->second;
 }
 
 ModuleHost::ModuleHost() : calendar_(&LoadModule("Calendar")), kit_(&LoadModule("CollectionsEx")) {
     static const IID kCollection = HostIID("IComponentCollection");
     collection_ = kit_->Create<IComponentCollection>(L"GlobalComponentCollection", kCollection);
-    auto initialize = reinterpret_cast<InitializeModuleProc>(calendar_->Symbol(kInitializeModuleSymbol));
-    if (initialize) initialize(nullptr, collection_.get());
+    if (calendar_->initializeModule) calendar_->initializeModule(nullptr, collection_.get());
 }

@@ -21,6 +21,10 @@ std::string ModulePath(const char* module);
 struct LoadedModule {
     void* handle = nullptr;
     CreateFunctionProc createFunction = nullptr;
+    // The decorated exports; null in a module that lacks them.
+    InitializeModuleProc initializeModule = nullptr;
+    ModuleCreateFunctionProc moduleCreateFunction = nullptr;
+    IIDOfcProc iidOfc = nullptr;
 
     // Resolves a symbol of the module (null when absent).
     void* Symbol(const char* name) const;
