@@ -21,11 +21,17 @@ bool DecodeOne(std::string_view bytes, std::size_t* pos, char32_t* out) {
         ++*pos;
         return true;
     } else if ((lead & 0xE0) == 0xC0) {
-        extra = 1, value = lead & 0x1Fu, minimum = 0x80;
+        extra = 1;
+        value = lead & 0x1Fu;
+        minimum = 0x80;
     } else if ((lead & 0xF0) == 0xE0) {
-        extra = 2, value = lead & 0x0Fu, minimum = 0x800;
+        extra = 2;
+        value = lead & 0x0Fu;
+        minimum = 0x800;
     } else if ((lead & 0xF8) == 0xF0) {
-        extra = 3, value = lead & 0x07u, minimum = 0x10000;
+        extra = 3;
+        value = lead & 0x07u;
+        minimum = 0x10000;
     } else {
         return false;
     }

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <string_view>
 
 namespace kit {
 
@@ -33,19 +34,14 @@ double ParseTextNumber(std::wstring_view text) {
     double value = 0.0;
     const std::from_chars_result result = std::from_chars(buffer, buffer + length, value);
     if (result.ec == std::errc::invalid_argument) return 0.0;
-    // Out of range: from_chars leaves value untouched; report the overflow direction.
     if (result.ec == std::errc::result_out_of_range) {
-        value = 0.0;
-        for (std::size_t i = 0; i < length && buffer[i] != 'e' && buffer[i] != 'E'; ++i) {
-            if (buffer[i] >= '1' && buffer[i] <= '9') {
-                value = std::numeric_limits<double>::infinity();
-                break;
-            }
-        }
-        // An exponent that overflowed downward gives zero.
-        for (std::size_t i = 0; i + 1 < length; ++i) {
-            if ((buffer[i] == 'e' || buffer[i] == 'E') && buffer[i + 1] == '-') value = 0.0;
-        }
+        // Only the exponent can carry a value out of range: upward gives
+        // infinity, downward zero.
+        const std::string_view number(buffer, static_cast<std::size_t>(result.ptr - buffer));
+        const std::size_t exponent = number.find_first_of("eE");
+        const bool downward = exponent != std::string_view::npos && exponent + 1 < number.size() &&
+                              number[exponent + 1] == '-';
+        value = downward ? 0.0 : std::numeric_limits<double>::infinity();
     }
     return sign * value;
 }
