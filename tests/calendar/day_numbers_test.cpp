@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "date_fields.h"
 
 namespace {
@@ -215,6 +217,40 @@ TEST(JDNtoTime, WorkedValues) {
     EXPECT_EQ(out.Hour, -6);
     EXPECT_EQ(out.Minute, 0);
     EXPECT_EQ(out.Second, 0.0f);
+}
+
+TEST(JDNtoTime, NegativeFractionGivesNegativeMinuteAndSecond) {
+    tagDATETIME out;
+    JDNtoTime(-0.0001, &out);  // -8.64 s
+    EXPECT_EQ(out.Hour, 0);
+    EXPECT_EQ(out.Minute, 0);
+    EXPECT_LT(out.Second, -8.63f);
+    EXPECT_GT(out.Second, -8.65f);
+    JDNtoTime(-0.01, &out);  // -864 s
+    EXPECT_EQ(out.Hour, 0);
+    EXPECT_EQ(out.Minute, -14);
+    EXPECT_LT(out.Second, -23.99f);
+    EXPECT_GT(out.Second, -24.01f);
+}
+
+TEST(DayNumbers, NonFiniteDayNumbersGiveDefinedDates) {
+    // Outside the defined domain: not-a-number reads as day count 0, and
+    // magnitudes beyond 32 bits saturate; no conversion fails.
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    tagDATETIME out;
+    EXPECT_EQ(JDNtoGregorian(nan, &out), S_OK);
+    EXPECT_EQ(DateOf(out), (Ymd{-1, 12, 31}));
+    EXPECT_EQ(out.Hour, 0);
+    EXPECT_EQ(out.Second, 0.0f);
+    EXPECT_EQ(JDNtoJulian(nan, &out), S_OK);
+    EXPECT_EQ(DateOf(out), (Ymd{-1, 12, 31}));
+    EXPECT_EQ(JDNtoTime(nan, &out), S_OK);
+    EXPECT_EQ(out.Minute, 0);
+    EXPECT_EQ(JDNtoGregorian(1e300, &out), S_OK);
+    EXPECT_EQ(JDNtoJulian(-1e300, &out), S_OK);
+    EXPECT_EQ(JDNtoWestern(std::numeric_limits<double>::infinity(), &out), S_OK);
+    EXPECT_EQ(JDNtoTime(-std::numeric_limits<double>::infinity(), &out), S_OK);
+    EXPECT_EQ(out.Hour, 0);
 }
 
 TEST(JDNtoTime, WritesOnlyTimeFields) {

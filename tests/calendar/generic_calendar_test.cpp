@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <random>
 #include <string>
 
 #include "calendar/calendar_classes.h"
@@ -186,6 +187,28 @@ TEST_F(GenericCalendarTest, OperationsGoToTheInnerCalendar) {
     EXPECT_EQ(calendar.GetEllapsedDays(), 730180.0 + 11.5);
     calendar.SetEllapsedDays(1.0 + 11.5);
     EXPECT_EQ(DateOf(calendar), (Ymd{1, 1, 1}));
+}
+
+TEST_F(GenericCalendarTest, AdDatesRoundTripWithFractionalOffset) {
+    Store(L"SDAdam", L"+12.5abc");
+    Store(L"SDGeneric", L"#1F");
+    std::mt19937 random(20240108);
+    std::uniform_int_distribution<int> years(1, 32767);
+    std::uniform_int_distribution<int> months(1, 12);
+    std::uniform_int_distribution<int> days(1, 28);
+    for (int i = 0; i < 2000; ++i) {
+        const tagDATETIME date = MakeDate(years(random), months(random), days(random));
+        tagDATETIME out;
+        JDNtoAdam(AdamToJDN(&date), &out);
+        ASSERT_EQ(DateOf(out), DateOf(date));
+        JDNtoGeneric(GenericToJDN(&date), &out);
+        ASSERT_EQ(DateOf(out), DateOf(date));
+    }
+    // BC dates come back one year-day early, as in the Gregorian calendar.
+    const tagDATETIME bc = MakeDate(-44, 3, 15);
+    tagDATETIME out;
+    JDNtoAdam(AdamToJDN(&bc), &out);
+    EXPECT_EQ(DateOf(out), (Ymd{-44, 3, 14}));
 }
 
 }  // namespace

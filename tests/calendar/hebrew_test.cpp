@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "calendar/hebrew_year.h"
 #include "date_fields.h"
 #include "hebrew_year_start.h"
@@ -189,6 +191,13 @@ TEST(JDNtoHebrew, KnownDates) {
         EXPECT_EQ(out.Second, 6.0f);
         EXPECT_EQ(out.WeekDay, 6);
     }
+}
+
+TEST(JDNtoHebrew, NonFiniteAndHugeDayNumbersGiveAResult) {
+    tagDATETIME out;
+    EXPECT_EQ(JDNtoHebrew(std::numeric_limits<double>::quiet_NaN(), &out, 0), S_OK);
+    EXPECT_EQ(JDNtoHebrew(1e300, &out, 1), S_OK);
+    EXPECT_EQ(JDNtoHebrew(-std::numeric_limits<double>::infinity(), &out, 0), S_OK);
 }
 
 TEST(CHebrew, SetEllapsedDaysCountsFromEpochDay) {
