@@ -1,3 +1,4 @@
+#include <cmath>
 #include <iostream>
 #include <memory>
 
@@ -32,7 +33,7 @@ void RunConvert(const ConvertOptions& options) {
     const double starDate = StarDateOfWhen(session, when, from);
     TimeObject time(session);
     time.SetKind(0);
-    time.SetStarDate(starDate);
+    time.SetStarDate(std::floor(starDate));  // the day holding the instant
     std::vector<KindDate> dates;
     for (int kind : kinds) {
         time.SetKind(kind);

@@ -54,7 +54,7 @@ double StarDateOfWhen(const ModuleSession& session, const When& when, int kind) 
 DateFields GregorianDateOf(const ModuleSession& session, double starDate) {
     TimeObject time(session);
     time.SetKind(0);
-    time.SetStarDate(starDate);
+    time.SetStarDate(std::floor(starDate));
     return time.Date();
 }
 
@@ -102,8 +102,11 @@ InstantReport DescribeInstant(const ModuleSession& session, double starDate, con
     report.julianDate = time.JulianDate();
     report.linuxTime = time.LinuxTime();
     report.weekday = time.DayOfWeek();
-    report.gregorian = time.Date();
     report.clock = ClockOfStarDate(starDate);
+    // Dates are those of the day holding the instant; the module would count
+    // a negative fractional star date towards zero, a day later.
+    time.SetStarDate(std::floor(starDate));
+    report.gregorian = time.Date();
     for (int kind : kinds) {
         time.SetKind(kind);
         report.calendars.push_back(KindDate{kind, time.Date()});

@@ -62,7 +62,8 @@ struct InstantReport {
     MoonReport moon;
 };
 
-// The Gregorian date of a star date, as the module converts it.
+// The Gregorian date of the day holding a star date (the module's conversion
+// of the star date's floor).
 DateFields GregorianDateOf(const ModuleSession& session, double starDate);
 
 SunReport DescribeSun(const ModuleSession& session, double starDate, const Location& location);

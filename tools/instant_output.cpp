@@ -32,8 +32,13 @@ std::string FormatUtc(const DateFields& date, const ClockTime& clock) {
 }
 
 std::string FormatLinuxTime(double seconds) {
-    if (seconds == std::floor(seconds)) return FormatFixed(seconds, 0);
-    return FormatFixed(seconds, 3);
+    // Milliseconds at most: the star date carries about that much of a second
+    // at present-day magnitudes.
+    std::string text = FormatFixed(seconds, 3);
+    while (text.back() == '0') text.pop_back();
+    if (text.back() == '.') text.pop_back();
+    if (text == "-0") text = "0";
+    return text;
 }
 
 std::string InstantText(const InstantReport& report, const std::optional<CalendarDetail>& detail) {

@@ -29,8 +29,9 @@ void RunMoon(const MoonOptions& options) {
         const DateFields date = GregorianDateOf(session, starDate);
         const MoonReport moon = DescribeMoon(session, starDate);
         const std::string utc = FormatUtc(date, ClockOfStarDate(starDate));
-        Json row = MoonJson(moon);
-        row.insert(row.begin(), {"utc", utc});
+        Json row{{"utc", utc}};
+        const Json fields = MoonJson(moon);
+        for (auto field = fields.begin(); field != fields.end(); ++field) row[field.key()] = field.value();
         rows.push_back(row);
         const std::string number = FormatFixed(moon.phase, 2);
         const std::string phase = number + "\xC2\xB0" + std::string(number.size() < 9 ? 9 - number.size() : 1, ' ');

@@ -37,8 +37,9 @@ void RunSun(const SunOptions& options) {
         const double starDate = start + i;
         const DateFields date = GregorianDateOf(session, starDate);
         const SunReport sun = DescribeSun(session, starDate, location);
-        Json row = SunJson(sun);
-        row.insert(row.begin(), {"date", FormatIsoDate(date.year, date.month, date.day)});
+        Json row{{"date", FormatIsoDate(date.year, date.month, date.day)}};
+        const Json fields = SunJson(sun);
+        for (auto field = fields.begin(); field != fields.end(); ++field) row[field.key()] = field.value();
         rows.push_back(row);
         std::string line = FormatIsoDate(date.year, date.month, date.day);
         line.resize(13, ' ');
