@@ -86,8 +86,11 @@ void CHebrew::SetEllapsedDays(double days, int) {
     std::int64_t target = cal::TruncateDays(std::floor(days));
     if (target > kLargestDayCount) target = kLargestDayCount;
     if (target < -kLargestDayCount) target = -kLargestDayCount;
-    // The estimate is at least the year sought (a start never precedes its
-    // molad by more than a day); the walk back ends within three years.
+    // The year sought is the latest whose start is not after the count. The
+    // mean-year estimate is never below it (a start never precedes its molad
+    // by more than a day) and the walk back ends within three years; a year
+    // that starts on the day of its molad is found even when the molad falls
+    // later that day.
     std::int64_t year = cal::TruncateDays(std::floor(static_cast<double>(target) / kMeanYear)) + 2;
     std::int64_t start = cal::StartOfHebrewYear(year, flag).Day();
     while (start > target) {
