@@ -211,4 +211,62 @@ TEST_F(GenericCalendarTest, AdDatesRoundTripWithFractionalOffset) {
     EXPECT_EQ(DateOf(out), (Ymd{-44, 3, 14}));
 }
 
+// A collection that serves no "Registry": either it refuses, or it claims
+// success without an object.
+class CollectionWithoutRegistry : public IComponentCollection {
+public:
+    explicit CollectionWithoutRegistry(HRESULT answer) : answer_(answer) {}
+    HRESULT QueryInterface(const IID&, void** out) override {
+        *out = nullptr;
+        return E_NOINTERFACE;
+    }
+    std::int32_t AddRef() override { return ++references_; }
+    std::int32_t Release() override { return --references_; }
+    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
+    HRESULT GetComponentCount(std::int32_t* count) override {
+        *count = 0;
+        return S_OK;
+    }
+    HRESULT Unused3() override { return E_NOTIMPL; }
+    HRESULT Unused4() override { return E_NOTIMPL; }
+    HRESULT Unused5() override { return E_NOTIMPL; }
+    HRESULT Unused6() override { return E_NOTIMPL; }
+    HRESULT Unused7() override { return E_NOTIMPL; }
+    HRESULT Unused8() override { return E_NOTIMPL; }
+    HRESULT Unused9() override { return E_NOTIMPL; }
+    HRESULT Unused10() override { return E_NOTIMPL; }
+    HRESULT Unused11() override { return E_NOTIMPL; }
+    HRESULT Unused12() override { return E_NOTIMPL; }
+    HRESULT Unused13() override { return E_NOTIMPL; }
+    HRESULT GetComponent(std::int32_t, const wchar_t*, const IID*, void** out) override {
+        ++lookups_;
+        *out = nullptr;
+        return answer_;
+    }
+    int lookups_ = 0;
+
+private:
+    HRESULT answer_;
+    std::int32_t references_ = 1;
+};
+
+TEST_F(GenericCalendarTest, NoRegistryComponentGivesZeroOffset) {
+    Store(L"SDGeneric", L"-3");
+    SmartPtr<IString> name(ISCreate(L"SDGeneric"));
+    for (HRESULT answer : {E_FAIL, S_OK}) {
+        CollectionWithoutRegistry collection(answer);
+        InitializeModule(nullptr, &collection);
+        {
+            CGenericCalendar calendar(name.get());
+            EXPECT_EQ(calendar.EpochOffset(), 0.0);
+        }
+        const tagDATETIME date = MakeDate(2000, 1, 1);
+        EXPECT_EQ(GenericToJDN(&date), 730120.0);
+        EXPECT_EQ(collection.lookups_, 2);
+        InitializeModule(nullptr, collection_.get());
+        EXPECT_EQ(collection.AddRef(), 2);
+    }
+    EXPECT_EQ(OffsetOf(L"SDGeneric"), -4.0);
+}
+
 }  // namespace
