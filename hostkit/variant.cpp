@@ -13,6 +13,9 @@ namespace kit {
 
 namespace {
 
+// Storage tag of a held object; reported to callers as the empty code.
+constexpr short kStoredObject = 4;
+
 class Variant final : public IVariant, public RefCounted {
 public:
     Variant() = default;
@@ -23,7 +26,7 @@ public:
     std::int32_t AddRef() override { return AddRefImpl(); }
     std::int32_t Release() override { return ReleaseImpl(); }
 
-    short GetType() override { return type_; }
+    short GetType() override { return type_ == kStoredObject ? kVariantEmpty : type_; }
 
     // Empty and object variants read as 0.
     double GetDouble() override {
@@ -59,7 +62,7 @@ public:
     // A null object leaves the variant empty.
     HRESULT SetObject(IUnknown* object) override {
         if (object) object->AddRef();
-        IUnknown* old = Reset(object ? kVariantObject : kVariantEmpty);
+        IUnknown* old = Reset(object ? kStoredObject : kVariantEmpty);
         object_ = object;
         return Finish(old);
     }
@@ -67,7 +70,7 @@ public:
     HRESULT GetObject(IUnknown** object) override {
         if (!object) return E_POINTER;
         *object = nullptr;
-        if (type_ != kVariantObject) return E_FAIL;
+        if (type_ != kStoredObject) return E_FAIL;
         object_->AddRef();
         *object = object_;
         return S_OK;
@@ -120,7 +123,7 @@ private:
     std::int32_t integer_ = 0;   // kVariantInteger
     double double_ = 0.0;        // kVariantDouble
     std::wstring text_;          // kVariantText
-    IUnknown* object_ = nullptr; // kVariantObject; one reference held
+    IUnknown* object_ = nullptr; // kStoredObject; one reference held
 };
 
 }  // namespace

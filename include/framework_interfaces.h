@@ -56,12 +56,12 @@ struct IString : IUnknown {
 
 struct ICreatableString : IString {};
 
-// Variant type codes reported by GetType.
+// Variant type codes reported by GetType. A variant holding an object reports
+// 0 like an empty one: callers ask GetObject to tell them apart.
 inline constexpr short kVariantEmpty = 0;
 inline constexpr short kVariantInteger = 1;
 inline constexpr short kVariantDouble = 2;
 inline constexpr short kVariantText = 3;
-inline constexpr short kVariantObject = 4;
 
 struct IVariant : IUnknown {
     virtual short GetType() = 0;                                            // 1

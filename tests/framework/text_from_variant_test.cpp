@@ -212,9 +212,7 @@ TEST(ISCreateValue, ObjectWithObjectInfoGivesItsName) {
     EXPECT_EQ(object.references(), 1);
 }
 
-// The kit's variant reports objects with type code 4, which reads as a number
-// (text "0"); enabled once it reports them with type code 0.
-TEST(ISCreateValue, DISABLED_KitObjectWithoutObjectInfoGivesEmptyText) {
+TEST(ISCreateValue, KitObjectWithoutObjectInfoGivesEmptyText) {
     NamedObject object(false);
     {
         SmartPtr<IVariant> variant = Object(&object);
@@ -225,7 +223,7 @@ TEST(ISCreateValue, DISABLED_KitObjectWithoutObjectInfoGivesEmptyText) {
     EXPECT_EQ(object.references(), 1);
 }
 
-TEST(ISCreateValue, DISABLED_KitObjectWithObjectInfoGivesItsName) {
+TEST(ISCreateValue, KitObjectWithObjectInfoGivesItsName) {
     NamedObject object(true);
     {
         SmartPtr<IVariant> variant = Object(&object);
