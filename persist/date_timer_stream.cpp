@@ -1,6 +1,7 @@
-// CDateTimer's date-time fields to and from a framework stream. Placeholder
-// until the stream format is written.
+// Save and Load of a date timer's date record, in the calendars' format.
+#include "persist/datetime_stream.h"
 #include "time/date_timer.h"
 
-HRESULT CDateTimer::Save(IDataStream*, std::int32_t) { return E_NOTIMPL; }
-HRESULT CDateTimer::Load(IDataStream*, std::int32_t) { return E_NOTIMPL; }
+// The integer argument is accepted for the stream interface's shape and ignored.
+HRESULT CDateTimer::Save(IDataStream* stream, std::int32_t /*flags*/) { return SaveDateTime(*this, stream); }
+HRESULT CDateTimer::Load(IDataStream* stream, std::int32_t /*flags*/) { return LoadDateTime(*this, stream); }
