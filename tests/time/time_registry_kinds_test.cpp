@@ -1,5 +1,7 @@
 // The Adam and Generic calendar kinds, whose epochs come from the host's
 // registry (section "Calendar", keys "SDAdam" and "SDGeneric").
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
@@ -9,8 +11,10 @@
 
 class TimeRegistryKinds : public TimeHostTest {
 protected:
+    // One file per process: CTest runs the tests of this suite in parallel.
     static void SetUpTestSuite() {
-        path_ = new std::string(std::string(CAL_BUILD_DIR) + "/time_registry_kinds_test.registry");
+        path_ = new std::string(std::string(CAL_BUILD_DIR) + "/time_registry_kinds_test." +
+                                std::to_string(getpid()) + ".registry");
         setenv("CALENDAR_REGISTRY", path_->c_str(), 1);
     }
     static void TearDownTestSuite() {
