@@ -26,15 +26,6 @@ void FillHebrewEpoch() {
     SDHebrew = JulianToJDN(&epoch);
 }
 
-constexpr bool LeapTestValue(int value) {
-    switch (value % 19) {
-        case 0: case 3: case 6: case 8: case 11: case 14: case 17:
-            return true;
-        default:
-            return false;
-    }
-}
-
 // Months in the years i = 1 .. r (r in [0, 18]) and i = r .. -1 (r in
 // [-18, 0], indexed by -r) of the coarse count, the test value being i under
 // flag 0 and i - 1 otherwise.
@@ -46,8 +37,8 @@ struct CoarseMonthTables {
 constexpr CoarseMonthTables MakeCoarseMonthTables() {
     CoarseMonthTables t;
     for (int flag = 0; flag < 2; ++flag) {
-        for (int r = 1; r < 19; ++r) t.ahead[flag][r] = t.ahead[flag][r - 1] + (LeapTestValue(r - flag) ? 13 : 12);
-        for (int r = 1; r < 19; ++r) t.behind[flag][r] = t.behind[flag][r - 1] + (LeapTestValue(-r - flag) ? 13 : 12);
+        for (int r = 1; r < 19; ++r) t.ahead[flag][r] = t.ahead[flag][r - 1] + (cal::HebrewLeapYear(r, flag) ? 13 : 12);
+        for (int r = 1; r < 19; ++r) t.behind[flag][r] = t.behind[flag][r - 1] + (cal::HebrewLeapYear(-r, flag) ? 13 : 12);
     }
     return t;
 }
@@ -56,7 +47,8 @@ constexpr CoarseMonthTables kCoarseMonths = MakeCoarseMonthTables();
 // Months of a year in the order they are walked, from Tishri.
 constexpr std::int16_t kMonthsFromTishri[13] = {7, 8, 9, 10, 11, 12, 13, 1, 2, 3, 4, 5, 6};
 
-// Month lengths of one year, month 0 unused; see CHebrew::DaysInMonth.
+// Month lengths of one year, month 0 unused. Heshvan (8) also accepts a
+// 386-day year, a length that never occurs; the test is kept as it stands.
 void FillMonthLengths(int yearLength, bool leap, int (&lengths)[14]) {
     constexpr int kFixed[14] = {0, 30, 29, 30, 29, 30, 29, 30, 0, 0, 29, 30, 0, 0};
     for (int m = 0; m < 14; ++m) lengths[m] = kFixed[m];

@@ -30,16 +30,6 @@ std::int64_t DelayedElapsedDays(std::int64_t k) {
 
 }  // namespace
 
-bool HebrewLeapYear(std::int64_t year, int flag) {
-    const auto test = static_cast<std::int16_t>(flag == 0 ? year : year - 1);
-    switch (test % kYearsPerCycle) {
-        case 0: case 3: case 6: case 8: case 11: case 14: case 17:
-            return true;
-        default:
-            return false;
-    }
-}
-
 HebrewYearStart StartOfHebrewYear(std::int64_t year, int flag) {
     const std::int64_t m = MonthsBeforeYear(year);
     const std::int64_t parts = m * 793 + 204;

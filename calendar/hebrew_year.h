@@ -13,7 +13,15 @@ namespace cal {
 // 13 months when the test year (year under flag 0, year - 1 otherwise, as a
 // 16-bit value) leaves a truncated remainder of 0, 3, 6, 8, 11, 14 or 17
 // modulo 19; a negative remainder never does.
-bool HebrewLeapYear(std::int64_t year, int flag);
+constexpr bool HebrewLeapYear(std::int64_t year, int flag) {
+    const auto test = static_cast<std::int16_t>(flag == 0 ? year : year - 1);
+    switch (test % 19) {
+        case 0: case 3: case 6: case 8: case 11: case 14: case 17:
+            return true;
+        default:
+            return false;
+    }
+}
 
 struct HebrewYearStart {
     std::int64_t moladDay = 0;  // day count of the molad of Tishri
