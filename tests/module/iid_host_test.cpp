@@ -60,6 +60,8 @@ TEST(IIDOfc, OnlyTheFirst25CharactersCount) {
     ASSERT_EQ(prefix.size(), 25u);
     EXPECT_EQ(ModuleBytes((prefix + "Y").c_str()), ModuleBytes((prefix + "Zebra").c_str()));
     EXPECT_EQ(ModuleBytes((prefix + "Y").c_str()), ModuleBytes(prefix.c_str()));
+    // Long names are cut, never overrun.
+    EXPECT_EQ(ModuleBytes((prefix + std::string(1000, 'Q')).c_str()), ModuleBytes(prefix.c_str()));
     // A difference in the 25th character still counts.
     const std::string shorter = prefix.substr(0, 24);
     EXPECT_NE(ModuleBytes((shorter + "Y").c_str()), ModuleBytes((shorter + "Z").c_str()));
