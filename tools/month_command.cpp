@@ -20,10 +20,44 @@ struct MonthOptions {
 };
 
 struct MonthDay {
+    int day = 0;
     double starDate = 0.0;
     int weekday = 0;
     MoonReport moon;
 };
+
+// How far from the module's own day number of day 1 the month is looked
+// for: the Hebrew conversion of a date ignores its month, so day 1 of a
+// Hebrew month can lie up to a year after that estimate.
+constexpr int kSearchDays = 400;
+
+// The days of the month, found by expressing consecutive day numbers in the
+// calendar: the day-number-to-date direction of every calendar is exact,
+// while the other direction is coarse for the Hebrew kinds.
+std::vector<MonthDay> DaysOfMonth(const ModuleSession& session, int kind, const YearMonth& month) {
+    TimeObject time(session);
+    time.SetKind(kind);
+    time.SetDate(1, month.month, month.year);
+    const double estimate = std::floor(time.StarDate());
+    const auto inMonth = [&](double starDate) {
+        time.SetStarDate(starDate);
+        const DateFields date = time.Date();
+        return date.year == month.year && date.month == month.month;
+    };
+    double first = estimate - kSearchDays;
+    while (first <= estimate + kSearchDays && !inMonth(first)) first += 1.0;
+    std::vector<MonthDay> days;
+    for (double starDate = first; starDate <= estimate + kSearchDays && inMonth(starDate); starDate += 1.0) {
+        MonthDay entry;
+        entry.day = time.Date().day;
+        entry.starDate = starDate;
+        entry.weekday = time.DayOfWeek();
+        // The glyph shows the moon at noon UTC of the day.
+        entry.moon = DescribeMoon(session, starDate + 0.5);
+        days.push_back(entry);
+    }
+    return days;
+}
 
 void RunMonth(const MonthOptions& options) {
     const auto yearMonth = ParseYearMonth(options.month);
@@ -42,30 +76,22 @@ void RunMonth(const MonthOptions& options) {
     }
 
     const ModuleSession session;
-    TimeObject time(session);
-    time.SetKind(kind);
-    time.SetDate(1, yearMonth->month, yearMonth->year);
-    const int length = time.Info().daysInMonth;
-    std::vector<MonthDay> days;
-    for (int day = 1; day <= length; ++day) {
-        time.SetDate(day, yearMonth->month, yearMonth->year);
-        MonthDay entry;
-        entry.starDate = time.StarDate();
-        entry.weekday = time.DayOfWeek();
-        // The glyph shows the moon at noon UTC of the day.
-        entry.moon = DescribeMoon(session, std::floor(entry.starDate) + 0.5);
-        days.push_back(entry);
+    const std::vector<MonthDay> days = DaysOfMonth(session, kind, *yearMonth);
+    if (days.empty()) {
+        throw ToolError{kExitBadInput, "timetool: bad YEAR-MONTH '" + options.month + "': the " +
+                                           std::string(CalendarKindInfo(kind).title) +
+                                           " calendar has no such month in that year"};
     }
 
     std::string title = FormatDateText(kind, yearMonth->year, yearMonth->month, 1);
     title.erase(0, title.find(' ') + 1);
     if (options.json) {
         Json rows = Json::array();
-        for (std::size_t i = 0; i < days.size(); ++i) {
-            rows.push_back(Json{{"day", static_cast<int>(i + 1)},
-                                {"weekday", days[i].weekday},
-                                {"star_date", days[i].starDate},
-                                {"moon", MoonJson(days[i].moon)}});
+        for (const MonthDay& day : days) {
+            rows.push_back(Json{{"day", day.day},
+                                {"weekday", day.weekday},
+                                {"star_date", day.starDate},
+                                {"moon", MoonJson(day.moon)}});
         }
         const Json json{{"calendar", CalendarKindInfo(kind).key},
                         {"year", yearMonth->year},
@@ -76,7 +102,7 @@ void RunMonth(const MonthOptions& options) {
         return;
     }
     std::vector<MonthGridDay> grid;
-    for (const MonthDay& day : days) grid.push_back(MonthGridDay{day.weekday, day.moon.name.glyph});
+    for (const MonthDay& day : days) grid.push_back(MonthGridDay{day.day, day.weekday, day.moon.name.glyph});
     std::cout << RenderMonthGrid(title, grid);
 }
 

@@ -55,7 +55,7 @@ std::string RenderMonthGrid(std::string_view title, const std::vector<MonthGridD
             column = 0;
         }
         for (; column < weekday; ++column) line.append(kCellWidth + 1, ' ');
-        line += Cell(static_cast<int>(i + 1), days[i].glyph);
+        line += Cell(days[i].day, days[i].glyph);
         line += ' ';
         ++column;
     }

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <iostream>
 #include <memory>
 
@@ -11,11 +12,12 @@ namespace timetool {
 void RunShow(const ShowOptions& options) {
     const When when = RequireWhen(options.when);
     const int kind = options.calendar.empty() ? 0 : RequireKind("--calendar", options.calendar);
-    RequireWhenFitsKind(options.when, when, kind);
+    RequireWhenFitsKind(options.when, when, 0);
     const Location location = RequireLocation(options.latitude, options.longitude);
 
     const ModuleSession session;
-    const double starDate = StarDateOfWhen(session, when, kind);
+    // WHEN is a Gregorian date here; --calendar only chooses what is shown.
+    const double starDate = StarDateOfWhen(session, when, 0);
     std::vector<int> kinds;
     if (options.calendar.empty()) {
         for (const CalendarKind& each : CalendarKinds()) kinds.push_back(each.number);
@@ -26,7 +28,7 @@ void RunShow(const ShowOptions& options) {
 
     TimeObject selected(session);
     selected.SetKind(kind);
-    selected.SetStarDate(starDate);
+    selected.SetStarDate(std::floor(starDate));
     const CalendarDetail detail{kind, selected.Info(), selected.CalendarDays()};
 
     if (options.json) {

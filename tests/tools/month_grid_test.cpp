@@ -7,7 +7,7 @@ namespace {
 
 TEST(RenderMonthGrid, LaysOutJune2024FromSaturday) {
     std::vector<MonthGridDay> days;
-    for (int day = 1; day <= 30; ++day) days.push_back(MonthGridDay{(day + 5) % 7, "()"});
+    for (int day = 1; day <= 30; ++day) days.push_back(MonthGridDay{day, (day + 5) % 7, "()"});
     const std::string expected =
         "            June 2024\n"
         "Su   Mo   Tu   We   Th   Fr   Sa\n"
@@ -21,7 +21,7 @@ TEST(RenderMonthGrid, LaysOutJune2024FromSaturday) {
 }
 
 TEST(RenderMonthGrid, PadsOneColumnGlyphs) {
-    const std::vector<MonthGridDay> days{{0, "?"}, {1, "?"}};
+    const std::vector<MonthGridDay> days{{1, 0, "?"}, {2, 1, "?"}};
     EXPECT_EQ(RenderMonthGrid("X", days),
               "                X\n"
               "Su   Mo   Tu   We   Th   Fr   Sa\n"
@@ -30,12 +30,23 @@ TEST(RenderMonthGrid, PadsOneColumnGlyphs) {
 
 TEST(RenderMonthGrid, StartsANewLineWhenWeekdaysRepeat) {
     // Hebrew months of one year may share day numbers: a repeat of Sunday opens a new week.
-    const std::vector<MonthGridDay> days{{0, "()"}, {0, "()"}};
+    const std::vector<MonthGridDay> days{{1, 0, "()"}, {2, 0, "()"}};
     EXPECT_EQ(RenderMonthGrid("", days),
               "\n"
               "Su   Mo   Tu   We   Th   Fr   Sa\n"
               " 1()\n"
               " 2()\n");
+}
+
+TEST(RenderMonthGrid, SkippedDaysKeepTheirWeekdays) {
+    // October 1582 in the Western calendar: Thursday 4 is followed by Friday 15.
+    const std::vector<MonthGridDay> days{{1, 1, "()"}, {2, 2, "()"}, {3, 3, "()"}, {4, 4, "()"}, {15, 5, "()"},
+                                         {16, 6, "()"}, {17, 0, "()"}};
+    EXPECT_EQ(RenderMonthGrid("October 1582", days),
+              "           October 1582\n"
+              "Su   Mo   Tu   We   Th   Fr   Sa\n"
+              "      1()  2()  3()  4() 15() 16()\n"
+              "17()\n");
 }
 
 TEST(RenderMonthGrid, EmptyMonthHasOnlyTheHeader) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "tool_runner.h"
@@ -142,6 +143,44 @@ TEST(TimetoolConvert, SolsticeInEachCalendarKind) {
         ASSERT_EQ(run.status, 0) << c.kind << run.err;
         EXPECT_EQ(run.out, "Star date      739060.000000\n" + std::string(c.line) + "\n") << c.kind;
     }
+}
+
+TEST(TimetoolConvert, MeanHebrewKindByNameAndNumber) {
+    // Kind 3 places 21 June 2024 in the Hebrew year 5784, as kind 4 does;
+    // its month walk is the module's own choice, so only the year is pinned.
+    for (const char* kind : {"hebrew1", "3"}) {
+        const ToolRun run = RunTimetool({"convert", "2024-06-21", "--to", kind, "--json"});
+        ASSERT_EQ(run.status, 0) << kind << run.err;
+        const json doc = json::parse(run.out);
+        EXPECT_EQ(doc.at("calendars").at(0).at("kind"), 3);
+        EXPECT_EQ(doc.at("calendars").at(0).at("name"), "hebrew1");
+        EXPECT_EQ(doc.at("calendars").at(0).at("year"), 5784);
+    }
+}
+
+TEST(TimetoolConvert, AdamAndGenericWithoutARegistryEpoch) {
+    // No registry value: the epoch offset is -1, so day number 739060 is
+    // Gregorian elapsed day 739061, three days after 21 June 2024 (739058).
+    for (const char* kind : {"adam", "generic"}) {
+        const ToolRun run = RunTimetool({"convert", "2024-06-21", "--to", kind});
+        ASSERT_EQ(run.status, 0) << kind << run.err;
+        EXPECT_EQ(LineOf(run.out, kind[0] == 'a' ? "Adam" : "Generic").substr(15), "24 June 2024") << kind;
+    }
+    const ToolRun back = RunTimetool({"convert", "2024-06-24", "--from", "adam", "--to", "gregorian"});
+    ASSERT_EQ(back.status, 0) << back.err;
+    EXPECT_EQ(back.out, "Star date      739060.000000\nGregorian      21 June 2024\n");
+}
+
+TEST(TimetoolConvert, AdamAndGenericEpochsFromTheRegistry) {
+    // Epoch values 1 and 3 give offsets 0 and 2: Gregorian elapsed days
+    // 739060 (23 June 2024) and 739058 (21 June 2024).
+    const TempDir dir;
+    const std::string registry = dir.path() + "/registry.ini";
+    std::ofstream(registry) << "[Calendar]\nSDAdam=1\nSDGeneric=3\n";
+    const ToolRun run = RunTimetool({"convert", "2024-06-21"}, "", {"CALENDAR_REGISTRY=" + registry});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(LineOf(run.out, "Adam"), "Adam           23 June 2024");
+    EXPECT_EQ(LineOf(run.out, "Generic"), "Generic        21 June 2024");
 }
 
 TEST(TimetoolConvert, JulianDateIntoGregorian) {
@@ -310,6 +349,34 @@ TEST(TimetoolMonth, June2024Grid) {
               "30\xF0\x9F\x8C\x97\n");
 }
 
+TEST(TimetoolMonth, WesternOctober1582SkipsTheTenReformDays) {
+    // 1 October 1582 (Julian) is day number 577734, a Monday; 4 October is
+    // followed by 15 October (577738).
+    const ToolRun run = RunTimetool({"month", "1582-10", "--calendar", "western"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out,
+              "           October 1582\n"
+              "Su   Mo   Tu   We   Th   Fr   Sa\n"
+              "      1🌕  2🌕  3🌕  4🌖 15🌖 16🌖\n"
+              "17🌖 18🌗 19🌗 20🌗 21🌘 22🌘 23🌘\n"
+              "24🌘 25🌑 26🌑 27🌑 28🌑 29🌒 30🌒\n"
+              "31🌒\n");
+}
+
+TEST(TimetoolMonth, HebrewSivan5784StartsOnFriday7June2024) {
+    // 1 Sivan 5784 is 7 June 2024, day number 739046.
+    const ToolRun run = RunTimetool({"month", "5784-03", "--calendar", "hebrew"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out,
+              "            Sivan 5784\n"
+              "Su   Mo   Tu   We   Th   Fr   Sa\n"
+              "                          1🌑  2🌑\n"
+              " 3🌒  4🌒  5🌒  6🌓  7🌓  8🌓  9🌓\n"
+              "10🌔 11🌔 12🌔 13🌔 14🌕 15🌕 16🌕\n"
+              "17🌖 18🌖 19🌖 20🌖 21🌗 22🌗 23🌗\n"
+              "24🌗 25🌘 26🌘 27🌘 28🌘 29🌑 30🌑\n");
+}
+
 TEST(TimetoolMonth, JsonDays) {
     const ToolRun run = RunTimetool({"month", "2024-06", "--json"});
     ASSERT_EQ(run.status, 0) << run.err;
@@ -420,6 +487,8 @@ TEST(TimetoolBadInput, OneLineNamingTheArgumentAndStatus2) {
         {{"sun", "2024-06-21", "--days", "0"}, "timetool: bad --days '0': out of range (1 to 3660)\n"},
         {{"month", "2024-6"}, "timetool: bad YEAR-MONTH '2024-6': expected YYYY-MM\n"},
         {{"window", "0"}, "timetool: bad N '0': out of range (1 to 1000000)\n"},
+        {{"month", "5783-13", "--calendar", "hebrew"},
+         "timetool: bad YEAR-MONTH '5783-13': the Hebrew calendar has no such month in that year\n"},
         {{"load", "/nonexistent/time.xml"},
          "timetool: cannot read FILE '/nonexistent/time.xml': No such file or directory\n"},
     };
@@ -442,7 +511,7 @@ TEST(TimetoolMissingModule, NamesThePathTriedAndExitsWith1) {
     const TempDir dir;
     const std::string copy = dir.path() + "/timetool";
     std::filesystem::copy_file(TIMETOOL_PATH, copy);
-    const ToolRun run = RunProgram(copy, {"show", "2024-06-21"});
+    const ToolRun run = RunProgram(copy, {"show", "2024-06-21"}, "", {kNoRegistry});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "timetool: cannot load module " + dir.path() +

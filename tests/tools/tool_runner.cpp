@@ -35,7 +35,8 @@ TempDir::~TempDir() {
     std::filesystem::remove_all(path_, ignored);
 }
 
-ToolRun RunProgram(const std::string& program, const std::vector<std::string>& args, const std::string& input) {
+ToolRun RunProgram(const std::string& program, const std::vector<std::string>& args, const std::string& input,
+                   const std::vector<std::string>& environment) {
     const TempDir scratch;
     const std::string inPath = scratch.path() + "/in";
     const std::string outPath = scratch.path() + "/out";
@@ -54,8 +55,20 @@ ToolRun RunProgram(const std::string& program, const std::vector<std::string>& a
     for (std::string& arg : argv0) argv.push_back(arg.data());
     argv.push_back(nullptr);
 
+    std::vector<std::string> variables = environment;
+    for (char** entry = environ; *entry; ++entry) {
+        const std::string variable(*entry);
+        const std::string name = variable.substr(0, variable.find('=') + 1);
+        bool replaced = false;
+        for (const std::string& given : environment) replaced = replaced || given.rfind(name, 0) == 0;
+        if (!replaced) variables.push_back(variable);
+    }
+    std::vector<char*> envp;
+    for (std::string& variable : variables) envp.push_back(variable.data());
+    envp.push_back(nullptr);
+
     pid_t pid = 0;
-    const int spawned = posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), environ);
+    const int spawned = posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), envp.data());
     posix_spawn_file_actions_destroy(&actions);
     if (spawned != 0) throw std::runtime_error("cannot start " + program);
     int wstatus = 0;
@@ -68,6 +81,7 @@ ToolRun RunProgram(const std::string& program, const std::vector<std::string>& a
     return run;
 }
 
-ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input) {
-    return RunProgram(TIMETOOL_PATH, args, input);
+ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input,
+                    const std::vector<std::string>& environment) {
+    return RunProgram(TIMETOOL_PATH, args, input, environment);
 }

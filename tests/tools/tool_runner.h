@@ -11,11 +11,18 @@ struct ToolRun {
 };
 
 // Runs `program` with `args`, feeding `input` on standard input, in the
-// current directory (tests run from the build tree).
-ToolRun RunProgram(const std::string& program, const std::vector<std::string>& args, const std::string& input = "");
+// current directory (tests run from the build tree). `environment` entries
+// ("NAME=value") replace or add to the test's own environment.
+ToolRun RunProgram(const std::string& program, const std::vector<std::string>& args, const std::string& input = "",
+                   const std::vector<std::string>& environment = {});
+
+// Where the runs of timetool find the registry unless a test names another:
+// a file that does not exist, so the Adam and Generic calendars have no epoch.
+inline constexpr const char* kNoRegistry = "CALENDAR_REGISTRY=/nonexistent/timetool-tests/registry.ini";
 
 // Runs the built timetool.
-ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input = "");
+ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input = "",
+                    const std::vector<std::string>& environment = {kNoRegistry});
 
 // A fresh directory under the system's temporary folder, removed with its
 // contents when the holder is destroyed.
