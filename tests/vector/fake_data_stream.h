@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <vector>
 
 #include "com_types.h"
@@ -61,7 +62,7 @@ public:
         writes.push_back({size, *done});
         const auto* first = static_cast<const std::uint8_t*>(buffer);
         bytes_.insert(bytes_.end(), first, first + size);
-        *done = size;
+        *done = writeDoneReport.value_or(size);
         return numberWrites ? static_cast<HRESULT>(writes.size()) : S_OK;
     }
     HRESULT SaveToFile(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
@@ -73,6 +74,8 @@ public:
     std::vector<StreamCall> reads;
     std::vector<StreamCall> writes;
     bool numberWrites = false;
+    // When set, Write reports this in *done instead of the size written.
+    std::optional<std::int32_t> writeDoneReport;
     std::int32_t readLimit = -1;
 
 private:

@@ -26,9 +26,7 @@ public:
 using DblEventSource = IEventSourceImpl<CDblBuffer, &IID__IDblVectorEvent>;
 
 // A new CDblBuffer answering IEventSource (one reference, the caller's),
-// created through the module's CreateFunction. Going through it also links
-// the entry points, whose identifier rule the identifier catalogue calls at
-// start-up.
+// created through the module's CreateFunction as a host would.
 inline IEventSource* CreateBufferSource() {
     CREATEFUNCTION create = nullptr;
     if (CreateFunction(9, L"DblBuffer", &create) != S_OK || !create) return nullptr;
