@@ -3,6 +3,7 @@
 // reference counts.
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ namespace {
 constexpr HRESULT kRefusal = static_cast<HRESULT>(0x8004ABCDu);
 
 struct SourceFixture : ::testing::Test {
+    // Listeners outlive the vector, which releases them when it dies.
+    std::deque<TestListener> pool;
     SmartPtr<IDblVector> vector = CreateVector();
     SmartPtr<IEventSource> source = QueryAs<IEventSource>(vector.get(), Iids().source);
 
@@ -21,6 +24,7 @@ struct SourceFixture : ::testing::Test {
         ASSERT_TRUE(vector);
         ASSERT_TRUE(source);
     }
+    TestListener& Make(HRESULT refuseCode = S_OK) { return pool.emplace_back(refuseCode); }
     // The listener at `index` as its IUnknown pointer (reference dropped again).
     IUnknown* ItemAt(std::uint32_t index) {
         IUnknown* listener = nullptr;
@@ -47,7 +51,7 @@ TEST_F(EventSource, StartsEmpty) {
 }
 
 TEST_F(EventSource, AdviseKeepsOneReference) {
-    TestListener listener;
+    TestListener& listener = Make();
     EXPECT_EQ(source->Advise(AsUnknown(listener), 1), S_OK);
     EXPECT_EQ(source->GetAdviseCount(), 1);
     EXPECT_EQ(listener.references(), 2);
@@ -55,7 +59,7 @@ TEST_F(EventSource, AdviseKeepsOneReference) {
 }
 
 TEST_F(EventSource, SameListenerTwiceGivesOneAndOneEntry) {
-    TestListener listener;
+    TestListener& listener = Make();
     EXPECT_EQ(source->Advise(AsUnknown(listener), 1), S_OK);
     EXPECT_EQ(source->Advise(AsUnknown(listener), 3), 1);
     EXPECT_EQ(source->GetAdviseCount(), 1);
@@ -64,7 +68,7 @@ TEST_F(EventSource, SameListenerTwiceGivesOneAndOneEntry) {
 }
 
 TEST_F(EventSource, IdentityIsByIUnknownAcrossInterfacePointers) {
-    TestListener listener;
+    TestListener& listener = Make();
     EXPECT_EQ(source->Advise(AsUnknown(listener), 1), S_OK);
     EXPECT_EQ(source->Advise(listener.secondFace(), 1), 1);
     EXPECT_EQ(source->GetAdviseCount(), 1);
@@ -86,7 +90,9 @@ TEST_F(EventSource, NineRegistrationsAreAllKeptInOrder) {
 }
 
 TEST_F(EventSource, RemovingTheMiddleOfThreeKeepsTheOrder) {
-    TestListener first, middle, last;
+    TestListener& first = Make();
+    TestListener& middle = Make();
+    TestListener& last = Make();
     std::vector<std::string> order;
     first.onElementChanged([&](IDblVector*, std::int32_t) { order.push_back("first"); });
     middle.onElementChanged([&](IDblVector*, std::int32_t) { order.push_back("middle"); });
@@ -104,7 +110,8 @@ TEST_F(EventSource, RemovingTheMiddleOfThreeKeepsTheOrder) {
 }
 
 TEST_F(EventSource, ModeZeroRemovesAndRefusesAnUnknownListener) {
-    TestListener registered, stranger;
+    TestListener& registered = Make();
+    TestListener& stranger = Make();
     EXPECT_EQ(source->Advise(AsUnknown(registered), 1), S_OK);
     EXPECT_EQ(source->Advise(AsUnknown(stranger), 0), E_FAIL);
     EXPECT_EQ(source->Advise(AsUnknown(registered), 0), S_OK);
@@ -116,14 +123,14 @@ TEST_F(EventSource, ModeZeroRemovesAndRefusesAnUnknownListener) {
 }
 
 TEST_F(EventSource, ListenerWithoutTheEventInterfaceIsRefusedWithItsCode) {
-    TestListener refusing(kRefusal);
+    TestListener& refusing = Make(kRefusal);
     EXPECT_EQ(source->Advise(AsUnknown(refusing), 1), kRefusal);
     EXPECT_EQ(source->GetAdviseCount(), 0);
     EXPECT_EQ(refusing.references(), 1);
 }
 
 TEST_F(EventSource, ThreeArgumentFormChecksTheGivenInterface) {
-    TestListener refusing(kRefusal);
+    TestListener& refusing = Make(kRefusal);
     EXPECT_EQ(source->Advise(AsUnknown(refusing), 5, Iids().info), S_OK);
     EXPECT_EQ(source->GetAdviseCount(), 1);
     EXPECT_EQ(ModeAt(0), 5);
@@ -139,7 +146,8 @@ TEST_F(EventSource, NullListenerIsAPointerError) {
 
 TEST_F(EventSource, NullWithModeZeroRemovesEveryListener) {
     EXPECT_EQ(source->Advise(nullptr, 0), S_OK);
-    TestListener a, b;
+    TestListener& a = Make();
+    TestListener& b = Make();
     EXPECT_EQ(source->Advise(AsUnknown(a), 1), S_OK);
     EXPECT_EQ(source->Advise(AsUnknown(b), 2), S_OK);
     EXPECT_EQ(source->Advise(nullptr, 0), S_OK);
@@ -151,7 +159,9 @@ TEST_F(EventSource, NullWithModeZeroRemovesEveryListener) {
 }
 
 TEST_F(EventSource, ModeTwoReplacesTheFirstModeTwoListener) {
-    TestListener plain, firstReplaceable, second;
+    TestListener& plain = Make();
+    TestListener& firstReplaceable = Make();
+    TestListener& second = Make();
     EXPECT_EQ(source->Advise(AsUnknown(plain), 1), S_OK);
     EXPECT_EQ(source->Advise(AsUnknown(firstReplaceable), 2), S_OK);
     EXPECT_EQ(source->GetAdviseCount(), 2);
@@ -166,7 +176,7 @@ TEST_F(EventSource, ModeTwoReplacesTheFirstModeTwoListener) {
 }
 
 TEST_F(EventSource, ModeTwoWithTheSameListenerReplacesItByItself) {
-    TestListener listener;
+    TestListener& listener = Make();
     EXPECT_EQ(source->Advise(AsUnknown(listener), 2), S_OK);
     EXPECT_EQ(source->Advise(AsUnknown(listener), 2), S_OK);
     EXPECT_EQ(source->GetAdviseCount(), 1);
@@ -174,8 +184,8 @@ TEST_F(EventSource, ModeTwoWithTheSameListenerReplacesItByItself) {
 }
 
 TEST_F(EventSource, ModeTwoReplacementSkipsTheInterfaceCheck) {
-    TestListener replaceable;
-    TestListener refusing(kRefusal);
+    TestListener& replaceable = Make();
+    TestListener& refusing = Make(kRefusal);
     EXPECT_EQ(source->Advise(AsUnknown(refusing), 2), kRefusal);
     EXPECT_EQ(source->Advise(AsUnknown(replaceable), 2), S_OK);
     EXPECT_EQ(source->Advise(AsUnknown(refusing), 2), S_OK);
@@ -190,7 +200,7 @@ TEST_F(EventSource, ModeTwoReplacementSkipsTheInterfaceCheck) {
 }
 
 TEST_F(EventSource, GetAdviseItemReportsModeAndAddsAReference) {
-    TestListener listener;
+    TestListener& listener = Make();
     EXPECT_EQ(source->Advise(AsUnknown(listener), 7), S_OK);
     IUnknown* item = nullptr;
     std::int32_t mode = 0;
@@ -207,7 +217,7 @@ TEST_F(EventSource, GetAdviseItemReportsModeAndAddsAReference) {
 }
 
 TEST_F(EventSource, GetAdviseItemBeyondTheTableFails) {
-    TestListener listener;
+    TestListener& listener = Make();
     EXPECT_EQ(source->Advise(AsUnknown(listener), 1), S_OK);
     for (std::uint32_t index : {1u, 2u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu}) {
         IUnknown* item = nullptr;
@@ -220,7 +230,7 @@ TEST_F(EventSource, GetAdviseItemBeyondTheTableFails) {
 }
 
 TEST_F(EventSource, ElementChangedCarriesTheCallersIndex) {
-    TestListener listener;
+    TestListener& listener = Make();
     EXPECT_EQ(source->Advise(AsUnknown(listener), 1), S_OK);
     EXPECT_EQ(vector->put_Size(3), S_OK);
     EXPECT_EQ(vector->put_Element(-1, 1.0), S_OK);
@@ -240,7 +250,7 @@ TEST_F(EventSource, ElementChangedCarriesTheCallersIndex) {
 }
 
 TEST_F(EventSource, ZeroCapacityStillNotifies) {
-    TestListener listener;
+    TestListener& listener = Make();
     EXPECT_EQ(vector->put_Size(0), S_OK);
     EXPECT_EQ(source->Advise(AsUnknown(listener), 1), S_OK);
     EXPECT_EQ(vector->put_Element(-1, 1.0), E_FAIL);
@@ -252,7 +262,7 @@ TEST_F(EventSource, ZeroCapacityStillNotifies) {
 }
 
 TEST_F(EventSource, ReadsAndUnchangedOperationsDoNotNotify) {
-    TestListener listener;
+    TestListener& listener = Make();
     EXPECT_EQ(source->Advise(AsUnknown(listener), 1), S_OK);
     double value = 0;
     std::int32_t size = 0;
@@ -263,7 +273,9 @@ TEST_F(EventSource, ReadsAndUnchangedOperationsDoNotNotify) {
 }
 
 TEST_F(EventSource, ListenersAreCalledInRegistrationOrder) {
-    TestListener a, b, c;
+    TestListener& a = Make();
+    TestListener& b = Make();
+    TestListener& c = Make();
     std::vector<std::string> order;
     a.onElementChanged([&](IDblVector*, std::int32_t) { order.push_back("a"); });
     b.onElementChanged([&](IDblVector*, std::int32_t) { order.push_back("b"); });

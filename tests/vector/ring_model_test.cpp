@@ -98,10 +98,10 @@ constexpr int kOperations = 120000;
 }  // namespace
 
 TEST(RingModel, HundredThousandRandomOperationsAgreeWithTheModel) {
+    TestListener listener;  // outlives the vector
     SmartPtr<IDblVector> vector = CreateVector();
     ASSERT_TRUE(vector);
     SmartPtr<IEventSource> source = QueryAs<IEventSource>(vector.get(), Iids().source);
-    TestListener listener;
     listener.countOnly();
     std::int32_t lastIndex = 0;
     listener.onElementChanged([&](IDblVector*, std::int32_t index) { lastIndex = index; });

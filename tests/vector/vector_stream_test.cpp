@@ -183,9 +183,9 @@ TEST(VectorLoad, ZeroOrNegativeHeaderLeavesNoCapacityAndReadsNoValues) {
 }
 
 TEST(VectorLoad, NotifiesSizeThenEveryAppend) {
+    TestListener listener;  // outlives the vector
     SmartPtr<IDblVector> vector = CreateVector();
     SmartPtr<IEventSource> source = QueryAs<IEventSource>(vector.get(), Iids().source);
-    TestListener listener;
     EXPECT_EQ(source->Advise(static_cast<_IDblVectorEvent*>(&listener), 1), S_OK);
     FakeDataStream stream(kThreeHoldingTwoThreeFour);
     EXPECT_EQ(vector->Load(&stream), S_OK);
@@ -198,9 +198,9 @@ TEST(VectorLoad, NotifiesSizeThenEveryAppend) {
 
 TEST(VectorLoad, StreamWithoutAHeaderFailsAndChangesNothing) {
     for (const Bytes& bytes : {Bytes{}, Bytes{0x03, 0x00}}) {
+        TestListener listener;  // outlives the vector
         SmartPtr<IDblVector> vector = CreateVector();
         SmartPtr<IEventSource> source = QueryAs<IEventSource>(vector.get(), Iids().source);
-        TestListener listener;
         EXPECT_EQ(source->Advise(static_cast<_IDblVectorEvent*>(&listener), 1), S_OK);
         AppendAll(vector.get(), {1.0, 2.0});
         FakeDataStream stream(bytes);

@@ -18,9 +18,9 @@ constexpr int kAppendsPerThread = 20000;
 }  // namespace
 
 TEST(VectorListenerReentry, ListenerReadsTheVectorInsideElementChanged) {
+    TestListener first, second;  // outlive the vector
     SmartPtr<IDblVector> vector = CreateVector();
     SmartPtr<IEventSource> source = QueryAs<IEventSource>(vector.get(), Iids().source);
-    TestListener first, second;
     std::vector<double> seen;
     std::vector<std::int32_t> sizes;
     auto reader = [&](IDblVector* from, std::int32_t) {
@@ -48,9 +48,9 @@ TEST(VectorListenerReentry, ListenerReadsTheVectorInsideElementChanged) {
 }
 
 TEST(VectorListenerReentry, ListenerMayResizeInsideElementChanged) {
+    TestListener listener;  // outlives the vector
     SmartPtr<IDblVector> vector = CreateVector();
     SmartPtr<IEventSource> source = QueryAs<IEventSource>(vector.get(), Iids().source);
-    TestListener listener;
     bool resized = false;
     listener.onElementChanged([&](IDblVector* from, std::int32_t) {
         if (!resized) {
