@@ -7,6 +7,7 @@
 
 #include "fuzz/fuzz_input.h"
 #include "hostkit/registry_format.h"
+#include "hostkit/utf8.h"
 
 // Layout: three bytes with the lengths of section, key and value (0 to 15
 // each; a top bit on the value's byte asks for a removal), the three texts,
@@ -32,7 +33,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         fuzz::Require(edit == RegistryEdit::kMalformed, "an edit refuses a file the lookup calls malformed");
         return 0;
     }
-    if (edit != RegistryEdit::kEdited || !kit::IsWritableSection(section) || !kit::IsWritableKey(key)) return 0;
+    // The kit hands the editor names and values converted from wide text, so
+    // always UTF-8; other bytes make a file its own reader refuses.
+    const bool utf8 = kit::IsValidUtf8(section) && kit::IsValidUtf8(key) && kit::IsValidUtf8(value);
+    if (edit != RegistryEdit::kEdited || !utf8 || !kit::IsWritableSection(section) || !kit::IsWritableKey(key)) {
+        return 0;
+    }
 
     std::string readBack;
     const RegistryStatus after = kit::FindRegistryValue(edited, section, key, &readBack);
