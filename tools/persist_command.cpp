@@ -1,4 +1,5 @@
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <iostream>
@@ -46,15 +47,34 @@ SmartPtr<IDataPersist> PersistOf(IUnknown* object, const char* what) {
     return persist;
 }
 
+// What the kit's stream codes mean for the user.
+std::string StreamCodeText(HRESULT hr) {
+    static const struct {
+        std::uint32_t code;
+        const char* text;
+    } kCodes[] = {
+        {0x80070026u, "the file is cut short"},
+        {0x8007000Du, "the file is not a saved stream of this form"},
+        {0x80070002u, "no such file or folder"},
+        {0x80070005u, "access denied"},
+        {0x8007001Du, "write fault"},
+        {0x8007001Eu, "read fault"},
+    };
+    for (const auto& entry : kCodes) {
+        if (static_cast<std::uint32_t>(hr) == entry.code) return std::string(entry.text) + " (" + FormatResult(hr) + ")";
+    }
+    return "stream error " + FormatResult(hr);
+}
+
 [[noreturn]] void FileFailure(HRESULT hr, const char* operation, const std::string& message) {
     if (hr == E_NOTIMPL) CheckModule(hr, operation);
-    throw ToolError{kExitBadInput, "timetool: " + message + " (" + FormatResult(hr) + ")"};
+    throw ToolError{kExitBadInput, "timetool: " + message + ": " + StreamCodeText(hr)};
 }
 
 void LoadStreamFromFile(IDataStream* stream, const std::string& path) {
     const std::wstring wide = WidenUtf8(path);
     const HRESULT hr = stream->LoadFromFile(static_cast<std::int32_t>(wide.size()), wide.c_str());
-    if (FAILED(hr)) FileFailure(hr, "IDataStream::LoadFromFile", "FILE '" + path + "' holds no saved time");
+    if (FAILED(hr)) FileFailure(hr, "IDataStream::LoadFromFile", "cannot read FILE '" + path + "'");
 }
 
 void RequireReadable(const std::string& path) {
@@ -131,7 +151,14 @@ void RunSave(const SaveOptions& options) {
     const double starDate = StarDateOfWhen(session, when, 0);
     TimeObject time(session);
     time.SetKind(0);
-    time.SetStarDate(starDate);
+    if (when.form == WhenForm::Civil) {
+        // The fields as given: a star date would bring back the time of day
+        // through a float and leave a trace in the seconds.
+        time.SetDate(when.civil.day, when.civil.month, when.civil.year);
+        time.SetTime(when.civil.hour, when.civil.minute, when.civil.second);
+    } else {
+        time.SetStarDate(starDate);
+    }
     SmartPtr<IDataStream> stream = CreateStream(session, options.file);
     CheckModule(PersistOf(time.unknown(), "Time IDataPersist")->Save(stream.get(), 0), "Time IDataPersist::Save");
     const std::wstring wide = WidenUtf8(options.file);

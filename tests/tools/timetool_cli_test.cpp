@@ -128,6 +128,17 @@ TEST(TimetoolShow, DefaultViewShowsEveryPart) {
     }
 }
 
+TEST(TimetoolShow, DefaultViewAsJsonHasTheShowKeys) {
+    const ToolRun run = RunTimetool({"--json"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::ordered_json doc = nlohmann::ordered_json::parse(run.out);
+    std::vector<std::string> keys;
+    for (auto entry = doc.begin(); entry != doc.end(); ++entry) keys.push_back(entry.key());
+    EXPECT_EQ(keys, (std::vector<std::string>{"utc", "star_date", "julian_date", "linux_time", "weekday",
+                                              "weekday_name", "calendars", "calendar", "location", "sun", "moon"}));
+    EXPECT_EQ(doc.at("calendars").size(), 7u);
+}
+
 TEST(TimetoolConvert, SolsticeInEachCalendarKind) {
     const struct {
         const char* kind;
@@ -498,6 +509,23 @@ TEST(TimetoolBadInput, OneLineNamingTheArgumentAndStatus2) {
         EXPECT_EQ(run.err, c.message);
         EXPECT_EQ(run.out, "");
     }
+}
+
+TEST(TimetoolBadInput, FilesTheStreamsCannotUse) {
+    const TempDir dir;
+    const std::string bad = dir.path() + "/bad.xml";
+    std::ofstream(bad) << "not xml";
+    const ToolRun load = RunTimetool({"load", bad});
+    EXPECT_EQ(load.status, 2);
+    EXPECT_EQ(load.out, "");
+    EXPECT_EQ(load.err, "timetool: cannot read FILE '" + bad +
+                            "': the file is not a saved stream of this form (0x8007000D)\n");
+
+    const ToolRun save = RunTimetool({"save", dir.path() + "/missing/time.xml", "2024-06-21"});
+    EXPECT_EQ(save.status, 2);
+    EXPECT_EQ(save.out, "");
+    EXPECT_EQ(save.err, "timetool: cannot write FILE '" + dir.path() +
+                            "/missing/time.xml': no such file or folder (0x80070002)\n");
 }
 
 TEST(TimetoolBadInput, NonNumberOnStandardInput) {
