@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "framework/ref_string.h"
 #include "framework_interfaces.h"
 #include "module/entry.h"
 #include "persist_support.h"
@@ -25,6 +26,12 @@ public:
         KitSlot() = NewKitCollection();
         ASSERT_TRUE(Kit());
         InitializeModule(nullptr, Kit());
+        // Fills the service caches now, so tests that later put another
+        // global collection in place see only their own lookups.
+        SmartPtr<ICreatableString> text(CREFString::CreateString());
+        SmartPtr<ISuperCollection> collection(CREFString::CreateCollection());
+        SmartPtr<IVariant> variant(CREFString::CreateVariant());
+        ASSERT_TRUE(text && collection && variant);
     }
     void TearDown() override { KitSlot().reset(); }
 };
