@@ -81,7 +81,8 @@ HRESULT ReadWholeFile(const std::string& path, std::string* out) {
     struct stat info {};
     if (::fstat(file.get(), &info) != 0) return kE_ReadFault;
     if (S_ISDIR(info.st_mode)) return kE_AccessDenied;
-    if (info.st_size < 0) return kE_ReadFault;
+    // Devices and pipes may never end; only regular files are streams' files.
+    if (!S_ISREG(info.st_mode) || info.st_size < 0) return kE_ReadFault;
     if (static_cast<std::uint64_t>(info.st_size) > kMaxStreamSize) return E_OUTOFMEMORY;
     std::string bytes;
     char chunk[65536];
@@ -101,6 +102,8 @@ HRESULT ReadWholeFile(const std::string& path, std::string* out) {
 }
 
 HRESULT WriteFileAtomically(const std::string& path, std::string_view bytes) {
+    struct stat existing {};
+    if (::stat(path.c_str(), &existing) == 0 && S_ISDIR(existing.st_mode)) return kE_AccessDenied;
     std::string temporary;
     int fd = -1;
     for (unsigned attempt = 0; attempt < 16 && fd < 0; ++attempt) {

@@ -20,7 +20,9 @@ HRESULT CheckDocument(std::string_view bytes) {
 
 HRESULT XmlDocumentFromText(std::string_view text, std::string* document) {
     std::string result;
-    if (!text.starts_with("<?xml")) result.append(kXmlDeclarationLine);
+    // A text that opens with its own declaration (or a byte order mark, which
+    // must stay first) is written as it is.
+    if (!text.starts_with("<?xml") && !text.starts_with("\xEF\xBB\xBF")) result.append(kXmlDeclarationLine);
     result.append(text);
     // A text that is merely incomplete (an element still open) cannot be
     // saved either; the caller sees one code for both.

@@ -1,5 +1,6 @@
 // The file form of an XML stream: its text as a well-formed document, led by
-// the kit's declaration line unless the text brings its own declaration.
+// the kit's declaration line unless the text brings its own declaration or
+// starts with a byte order mark.
 #pragma once
 
 #include <string>

@@ -183,6 +183,16 @@ TEST(DataStream, LoadOfAMissingFileFailsAndKeepsTheStream) {
     EXPECT_EQ(ReadAll(stream.get()), "keep");
 }
 
+TEST(DataStream, FoldersAreNotStreamFiles) {
+    ScratchFolder folder;
+    SmartPtr<IDataStream> stream = NewStream();
+    stream->Write("keep", 4, nullptr);
+    EXPECT_EQ(Load(stream.get(), folder.File("")), static_cast<HRESULT>(0x80070005u));
+    EXPECT_EQ(ReadAll(stream.get()), "keep");
+    EXPECT_EQ(Save(stream.get(), folder.File("")), static_cast<HRESULT>(0x80070005u));
+    EXPECT_EQ(folder.Listing(), "");
+}
+
 TEST(DataStream, SaveIntoAMissingFolderFailsCleanly) {
     ScratchFolder folder;
     SmartPtr<IDataStream> stream = NewStream();

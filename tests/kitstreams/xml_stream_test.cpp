@@ -315,6 +315,15 @@ TEST(XmlStream, DocumentsFromElsewhereLoadAsTheirWholeText) {
     EXPECT_EQ(Load(AsData(loaded.get()).get(), folder.File("other.xml")), S_OK);
     EXPECT_EQ(StreamText(loaded.get()),
               L"\uFEFF<?xml version=\"1.0\"?>\n<!-- c --><?pi x?><r k=\"&#x41;\"><![CDATA[<raw>]]>&lt;</r>\n");
+    EXPECT_EQ(Save(AsData(loaded.get()).get(), folder.File("again.xml")), S_OK);
+    EXPECT_EQ(ReadBytes(folder.File("again.xml")), document);
+}
+
+TEST(XmlStream, DevicesAreNotStreamFiles) {
+    SmartPtr<IXMLStream> xml = NewXml();
+    SetText(xml.get(), L"<Keep/>");
+    EXPECT_EQ(Load(AsData(xml.get()).get(), "/dev/zero"), static_cast<HRESULT>(0x8007001Eu));
+    EXPECT_EQ(StreamText(xml.get()), L"<Keep/>");
 }
 
 TEST(XmlStream, LoadOfAMissingFileKeepsTheText) {
