@@ -65,7 +65,13 @@ HRESULT EntryFromVariant(IVariant* variant, ParameterEntry* entry) {
         return S_OK;
     }
     switch (variant->GetType()) {
-        case kVariantEmpty: entry->kind = ParameterKind::kEmpty; return S_OK;
+        case kVariantEmpty: {
+            // An object reports the empty type too; only GetObject tells them apart.
+            SmartPtr<IUnknown> object;
+            if (SUCCEEDED(variant->GetObject(object.put())) && object) return E_INVALIDARG;
+            entry->kind = ParameterKind::kEmpty;
+            return S_OK;
+        }
         case kVariantInteger:
             entry->kind = ParameterKind::kInteger;
             entry->integer = variant->GetInteger();
