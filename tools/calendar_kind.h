@@ -8,10 +8,10 @@
 namespace timetool {
 
 struct CalendarKind {
-    int number;               // the Time component's calendar kind
-    std::string_view key;     // command-line and JSON name
-    std::string_view title;   // label in tables
-    std::string_view alias;   // a second accepted name, or empty
+    int number;              // the Time component's calendar kind
+    std::string_view key;    // command-line and JSON name
+    std::string_view title;  // label in tables
+    std::string_view alias;  // a second accepted name, or empty
 };
 
 // The seven kinds in number order.

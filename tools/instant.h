@@ -31,7 +31,7 @@ struct SunEventReport {
 };
 
 struct SunReport {
-    double j0 = 0.0;          // star date of noon, 1 January of the instant's Gregorian year
+    double j0 = 0.0;           // star date of noon, 1 January of the instant's Gregorian year
     double sunriseDays = 0.0;  // as the module returns them, counted from j0
     double sunsetDays = 0.0;
     std::optional<SunAbsence> absence;  // set when the module gives no times

@@ -52,8 +52,9 @@ std::string InstantText(const InstantReport& report, const std::optional<Calenda
     }
     if (detail) {
         Line(&out, "Month length", std::to_string(detail->info.daysInMonth) + " days");
-        Line(&out, "Year length", std::to_string(detail->info.monthsInYear) + " months, " +
-                                      std::to_string(detail->info.daysInYear) + " days");
+        Line(&out, "Year length",
+             std::to_string(detail->info.monthsInYear) + " months, " + std::to_string(detail->info.daysInYear) +
+                 " days");
         Line(&out, "Calendar days", FormatFixed(detail->calendarDays, 0));
     }
     Line(&out, "Star date", FormatFixed(report.starDate, 6));
@@ -68,8 +69,9 @@ std::string InstantText(const InstantReport& report, const std::optional<Calenda
         Line(&out, "Sunrise", SunEventText(report.sun.sunrise) + place);
         Line(&out, "Sunset", SunEventText(report.sun.sunset));
     }
-    Line(&out, "Moon phase", FormatFixed(report.moon.phase, 2) + "\xC2\xB0 " + std::string(report.moon.name.name) +
-                                 " " + std::string(report.moon.name.glyph));
+    Line(&out, "Moon phase",
+         FormatFixed(report.moon.phase, 2) + "\xC2\xB0 " + std::string(report.moon.name.name) + " " +
+             std::string(report.moon.name.glyph));
     return out;
 }
 
@@ -85,8 +87,13 @@ Json CalendarJson(const KindDate& date) {
 }
 
 Json SunJson(const SunReport& sun) {
-    Json json{{"j0", sun.j0}, {"polar", nullptr}, {"sunrise", nullptr}, {"sunset", nullptr},
-              {"sunrise_days", nullptr}, {"sunset_days", nullptr}, {"sunrise_star_date", nullptr},
+    Json json{{"j0", sun.j0},
+              {"polar", nullptr},
+              {"sunrise", nullptr},
+              {"sunset", nullptr},
+              {"sunrise_days", nullptr},
+              {"sunset_days", nullptr},
+              {"sunrise_star_date", nullptr},
               {"sunset_star_date", nullptr}};
     if (sun.absence) {
         json["polar"] = *sun.absence == SunAbsence::PolarDay ? "polar day" : "polar night";

@@ -56,8 +56,8 @@ ModuleSession::ModuleSession() {
 
     static const wchar_t kCollectionName[] = L"GlobalComponentCollection";
     CREATEFUNCTION createCollection = nullptr;
-    if (FAILED(kitCreate(static_cast<std::int32_t>(std::wcslen(kCollectionName)), kCollectionName,
-                         &createCollection)) ||
+    if (FAILED(
+            kitCreate(static_cast<std::int32_t>(std::wcslen(kCollectionName)), kCollectionName, &createCollection)) ||
         !createCollection) {
         FailLoad(kitPath, "no GlobalComponentCollection");
     }

@@ -88,10 +88,8 @@ void RunMonth(const MonthOptions& options) {
     if (options.json) {
         Json rows = Json::array();
         for (const MonthDay& day : days) {
-            rows.push_back(Json{{"day", day.day},
-                                {"weekday", day.weekday},
-                                {"star_date", day.starDate},
-                                {"moon", MoonJson(day.moon)}});
+            rows.push_back(Json{
+                {"day", day.day}, {"weekday", day.weekday}, {"star_date", day.starDate}, {"moon", MoonJson(day.moon)}});
         }
         const Json json{{"calendar", CalendarKindInfo(kind).key},
                         {"year", yearMonth->year},

@@ -8,9 +8,9 @@
 namespace timetool {
 
 struct MonthGridDay {
-    int day = 0;              // the number printed, [1, 99]
-    int weekday = 0;          // [0, 6], 0 = Sunday
-    std::string_view glyph;   // one terminal glyph, two columns wide (a one-byte glyph is padded)
+    int day = 0;             // the number printed, [1, 99]
+    int weekday = 0;         // [0, 6], 0 = Sunday
+    std::string_view glyph;  // one terminal glyph, two columns wide (a one-byte glyph is padded)
 };
 
 // Title centred over the grid, the weekday header "Su Mo ..." and one line

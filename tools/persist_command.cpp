@@ -37,8 +37,7 @@ const char* FormName(const std::string& path) { return IsXmlPath(path) ? "xml" :
 
 // The kit stream matching the file's form: XML for ".xml", folder otherwise.
 SmartPtr<IDataStream> CreateStream(const ModuleSession& session, const std::string& path) {
-    return session.CreateKit<IDataStream>(IsXmlPath(path) ? L"XMLStream" : L"FolderStream",
-                                          InterfaceId("IDataStream"));
+    return session.CreateKit<IDataStream>(IsXmlPath(path) ? L"XMLStream" : L"FolderStream", InterfaceId("IDataStream"));
 }
 
 SmartPtr<IDataPersist> PersistOf(IUnknown* object, const char* what) {
@@ -61,7 +60,8 @@ std::string StreamCodeText(HRESULT hr) {
         {0x8007001Eu, "read fault"},
     };
     for (const auto& entry : kCodes) {
-        if (static_cast<std::uint32_t>(hr) == entry.code) return std::string(entry.text) + " (" + FormatResult(hr) + ")";
+        if (static_cast<std::uint32_t>(hr) == entry.code)
+            return std::string(entry.text) + " (" + FormatResult(hr) + ")";
     }
     return "stream error " + FormatResult(hr);
 }
@@ -167,8 +167,8 @@ void RunSave(const SaveOptions& options) {
 
     const Json fields = FieldsJson(time);
     if (options.json) {
-        const Json json{{"file", options.file}, {"form", FormName(options.file)}, {"star_date", starDate},
-                        {"saved", fields}};
+        const Json json{
+            {"file", options.file}, {"form", FormName(options.file)}, {"star_date", starDate}, {"saved", fields}};
         std::cout << json.dump(2) << "\n";
         return;
     }
@@ -187,8 +187,8 @@ void RunLoad(const LoadOptions& options) {
     const Json stored = StoredParameters(session, options.file);
 
     if (options.json) {
-        const Json json{{"file", options.file}, {"form", FormName(options.file)}, {"stored", stored},
-                        {"loaded", loaded}};
+        const Json json{
+            {"file", options.file}, {"form", FormName(options.file)}, {"stored", stored}, {"loaded", loaded}};
         std::cout << json.dump(2) << "\n";
         return;
     }

@@ -40,8 +40,9 @@ void RunShow(const ShowOptions& options) {
 
 void AddShowCommand(CLI::App& app) {
     auto options = std::make_shared<ShowOptions>();
-    CLI::App* command = app.add_subcommand("show", "One instant in detail: its date in each calendar, star date, "
-                                                   "Julian Date, Linux time, weekday, sunrise, sunset, moon");
+    CLI::App* command = app.add_subcommand("show",
+                                           "One instant in detail: its date in each calendar, star date, "
+                                           "Julian Date, Linux time, weekday, sunrise, sunset, moon");
     command->add_option("WHEN", options->when, kWhenHelp);
     command->add_option("--calendar", options->calendar, std::string(kKindHelp) + "; only this one is shown");
     command->add_option("--lat", options->latitude, kLatitudeHelp);

@@ -45,7 +45,7 @@ void RunSun(const SunOptions& options) {
         line.resize(13, ' ');
         if (sun.absence) {
             line += *sun.absence == SunAbsence::PolarDay ? "polar day            polar day"
-                                                        : "polar night          polar night";
+                                                         : "polar night          polar night";
         } else {
             line += EventCell(sun.sunrise) + "  " + EventCell(sun.sunset);
         }

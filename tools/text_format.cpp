@@ -9,15 +9,15 @@ namespace timetool {
 
 namespace {
 
-constexpr std::array<std::string_view, 12> kWesternMonths{
-    "January", "February", "March",     "April",   "May",      "June",
-    "July",    "August",   "September", "October", "November", "December"};
+constexpr std::array<std::string_view, 12> kWesternMonths{"January",   "February", "March",    "April",
+                                                          "May",       "June",     "July",     "August",
+                                                          "September", "October",  "November", "December"};
 
 // Month numbers of the Time component's Hebrew calendar: 1 = Nisan, the year
 // starts with month 7; month 12 is Adar I in a 13-month year.
-constexpr std::array<std::string_view, 13> kHebrewMonths{
-    "Nisan", "Iyar",    "Sivan",  "Tammuz", "Av",     "Elul", "Tishri",
-    "Heshvan", "Kislev", "Tevet", "Shevat", "Adar", "Adar II"};
+constexpr std::array<std::string_view, 13> kHebrewMonths{"Nisan",  "Iyar",   "Sivan",   "Tammuz", "Av",
+                                                         "Elul",   "Tishri", "Heshvan", "Kislev", "Tevet",
+                                                         "Shevat", "Adar",   "Adar II"};
 
 constexpr std::array<std::string_view, 7> kWeekdays{"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                     "Thursday", "Friday", "Saturday"};
@@ -79,12 +79,8 @@ std::string FormatFixed(double value, int decimals) {
     return buffer;
 }
 
-std::string FormatLatitude(double north) {
-    return TrimmedDecimal(std::fabs(north)) + (north < 0.0 ? " S" : " N");
-}
+std::string FormatLatitude(double north) { return TrimmedDecimal(std::fabs(north)) + (north < 0.0 ? " S" : " N"); }
 
-std::string FormatLongitude(double east) {
-    return TrimmedDecimal(std::fabs(east)) + (east < 0.0 ? " W" : " E");
-}
+std::string FormatLongitude(double east) { return TrimmedDecimal(std::fabs(east)) + (east < 0.0 ? " W" : " E"); }
 
 }  // namespace timetool

@@ -2,8 +2,7 @@
 
 namespace timetool {
 
-TimeObject::TimeObject(const ModuleSession& session)
-    : time_(session.Create<ITime>(L"Time", InterfaceId("ITime"))) {}
+TimeObject::TimeObject(const ModuleSession& session) : time_(session.Create<ITime>(L"Time", InterfaceId("ITime"))) {}
 
 void TimeObject::ResetToNow() { CheckModule(time_->Reset(1), "ITime::Reset"); }
 
@@ -11,9 +10,7 @@ void TimeObject::SetKind(int kind) { CheckModule(time_->put_Calendar(kind), "ITi
 
 int TimeObject::Kind() const { return time_->get_Calendar(); }
 
-void TimeObject::SetStarDate(double starDate) {
-    CheckModule(time_->put_StarDate(0, starDate), "ITime::put_StarDate");
-}
+void TimeObject::SetStarDate(double starDate) { CheckModule(time_->put_StarDate(0, starDate), "ITime::put_StarDate"); }
 
 void TimeObject::SetJulianDate(double julianDate) {
     CheckModule(time_->put_StarDate(1, julianDate), "ITime::put_StarDate");

@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr std::array<std::string_view, 8> kCommands{"show", "convert", "sun", "moon",
-                                                    "month", "save", "load", "window"};
+constexpr std::array<std::string_view, 8> kCommands{"show",  "convert", "sun",  "moon",
+                                                    "month", "save",    "load", "window"};
 
 bool IsCommand(std::string_view word) {
     for (std::string_view command : kCommands) {
@@ -20,8 +20,9 @@ bool IsCommand(std::string_view word) {
 }
 
 int Run(int argc, char** argv) {
-    CLI::App app{"timetool: dates in seven calendars, star dates, sunrise, sunset and the moon, "
-                 "through the Calendar module. Without a command it shows the current instant."};
+    CLI::App app{
+        "timetool: dates in seven calendars, star dates, sunrise, sunset and the moon, "
+        "through the Calendar module. Without a command it shows the current instant."};
     app.name("timetool");
     timetool::ShowOptions defaultView;
     app.add_flag("--json", defaultView.json, "print the default view as one JSON document");

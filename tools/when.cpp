@@ -163,7 +163,8 @@ std::string CivilDateError(int kind, const CivilTime& civil) {
         return {};
     }
     if (civil.month < 1 || civil.month > 12) return "month out of range (1 to 12)";
-    if (civil.day < 1 || civil.day > MonthLength(kind != 1, civil.year, civil.month)) return "no such day in that month";
+    if (civil.day < 1 || civil.day > MonthLength(kind != 1, civil.year, civil.month))
+        return "no such day in that month";
     return {};
 }
 

@@ -11,10 +11,10 @@ namespace timetool {
 // Years follow the module's numbering: -1 is 1 BC, there is no year 0.
 struct CivilTime {
     int year = 0;
-    int month = 0;    // [1, 13]; 13 only makes sense in the Hebrew calendar
-    int day = 0;      // [1, 31]
-    int hour = 0;     // [0, 23]
-    int minute = 0;   // [0, 59]
+    int month = 0;        // [1, 13]; 13 only makes sense in the Hebrew calendar
+    int day = 0;          // [1, 31]
+    int hour = 0;         // [0, 23]
+    int minute = 0;       // [0, 59]
     double second = 0.0;  // [0, 60)
 };
 

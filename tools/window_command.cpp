@@ -111,8 +111,9 @@ void RunWindow(const WindowOptions& options) {
 void AddWindowCommand(CLI::App& app) {
     auto options = std::make_shared<WindowOptions>();
     CLI::App* command = app.add_subcommand(
-        "window", "Read numbers from standard input into a DblBuffer of capacity N; print the window, oldest first, "
-                  "after each one");
+        "window",
+        "Read numbers from standard input into a DblBuffer of capacity N; print the window, oldest first, "
+        "after each one");
     command->add_option("N", options->capacity, "capacity of the buffer, 1 to 1000000")->required();
     command->add_flag("--events", options->events, "print every change notification the buffer sends");
     command->add_flag("--json", options->json, "print one JSON document");

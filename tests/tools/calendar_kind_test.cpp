@@ -10,9 +10,9 @@ TEST(ParseCalendarKind, AcceptsNamesAliasesAndNumbers) {
         const char* text;
         int kind;
     } cases[] = {
-        {"gregorian", 0}, {"Gregorian", 0}, {"JULIAN", 1},  {"western", 2}, {"hebrew1", 3},
-        {"hebrew-mean", 3}, {"hebrew", 4},  {"hebrew0", 4}, {"adam", 5},    {"generic", 6},
-        {"0", 0},         {"3", 3},         {"6", 6},
+        {"gregorian", 0},   {"Gregorian", 0}, {"JULIAN", 1},  {"western", 2}, {"hebrew1", 3},
+        {"hebrew-mean", 3}, {"hebrew", 4},    {"hebrew0", 4}, {"adam", 5},    {"generic", 6},
+        {"0", 0},           {"3", 3},         {"6", 6},
     };
     for (const auto& c : cases) {
         ASSERT_TRUE(ParseCalendarKind(c.text)) << c.text;

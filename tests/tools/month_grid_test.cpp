@@ -40,8 +40,8 @@ TEST(RenderMonthGrid, StartsANewLineWhenWeekdaysRepeat) {
 
 TEST(RenderMonthGrid, SkippedDaysKeepTheirWeekdays) {
     // October 1582 in the Western calendar: Thursday 4 is followed by Friday 15.
-    const std::vector<MonthGridDay> days{{1, 1, "()"}, {2, 2, "()"}, {3, 3, "()"}, {4, 4, "()"}, {15, 5, "()"},
-                                         {16, 6, "()"}, {17, 0, "()"}};
+    const std::vector<MonthGridDay> days{{1, 1, "()"},  {2, 2, "()"},  {3, 3, "()"}, {4, 4, "()"},
+                                         {15, 5, "()"}, {16, 6, "()"}, {17, 0, "()"}};
     EXPECT_EQ(RenderMonthGrid("October 1582", days),
               "           October 1582\n"
               "Su   Mo   Tu   We   Th   Fr   Sa\n"

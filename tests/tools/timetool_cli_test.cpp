@@ -52,8 +52,8 @@ TEST(TimetoolShow, SolsticeInstantInTheGregorianCalendar) {
 }
 
 TEST(TimetoolShow, EveryWayOfNamingTheSolsticeGivesTheSameStarDate) {
-    for (const char* when : {"2024-06-21", "2024-06-21T00:00:00", "2024-06-21T00:00:00Z", "sd:739060",
-                             "jd:2460482.5", "@1718928000"}) {
+    for (const char* when :
+         {"2024-06-21", "2024-06-21T00:00:00", "2024-06-21T00:00:00Z", "sd:739060", "jd:2460482.5", "@1718928000"}) {
         const ToolRun run = RunTimetool({"show", when});
         EXPECT_EQ(run.status, 0) << when << run.err;
         EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      739060.000000") << when;
@@ -121,9 +121,9 @@ TEST(TimetoolShow, BcDateComesBackOneDayEarlierInTheGregorianCalendar) {
 TEST(TimetoolShow, DefaultViewShowsEveryPart) {
     const ToolRun run = RunTimetool({});
     ASSERT_EQ(run.status, 0) << run.err;
-    for (const char* label : {"Instant", "Gregorian", "Julian ", "Western", "Hebrew (mean)", "Hebrew  ", "Adam",
-                              "Generic", "Star date", "Julian Date", "Linux time", "Weekday", "Sunrise", "Sunset",
-                              "Moon phase"}) {
+    for (const char* label :
+         {"Instant", "Gregorian", "Julian ", "Western", "Hebrew (mean)", "Hebrew  ", "Adam", "Generic", "Star date",
+          "Julian Date", "Linux time", "Weekday", "Sunrise", "Sunset", "Moon phase"}) {
         EXPECT_NE(LineOf(run.out, label), "") << label;
     }
 }
@@ -518,8 +518,8 @@ TEST(TimetoolBadInput, FilesTheStreamsCannotUse) {
     const ToolRun load = RunTimetool({"load", bad});
     EXPECT_EQ(load.status, 2);
     EXPECT_EQ(load.out, "");
-    EXPECT_EQ(load.err, "timetool: cannot read FILE '" + bad +
-                            "': the file is not a saved stream of this form (0x8007000D)\n");
+    EXPECT_EQ(load.err,
+              "timetool: cannot read FILE '" + bad + "': the file is not a saved stream of this form (0x8007000D)\n");
 
     const ToolRun save = RunTimetool({"save", dir.path() + "/missing/time.xml", "2024-06-21"});
     EXPECT_EQ(save.status, 2);
