@@ -142,11 +142,22 @@ public:
     CResourceLock& operator=(const CResourceLock&) = delete;
     ~CResourceLock() { Delete(); }
 
+    // A second lock by the owning thread, and an unlock by a thread that does
+    // not hold the mutex, return at once without effect: the error-checking
+    // answers, given before the mutex is reached so that race detectors see
+    // only balanced pairs.
     virtual void Lock() {
-        if (!m_deleted) pthread_mutex_lock(&m_mutex);
+        if (m_deleted) return;
+        const pthread_t self = pthread_self();
+        if (m_owner.load(std::memory_order_relaxed) == self) return;
+        pthread_mutex_lock(&m_mutex);
+        m_owner.store(self, std::memory_order_relaxed);
     }
     virtual void Unlock() {
-        if (!m_deleted) pthread_mutex_unlock(&m_mutex);
+        if (m_deleted) return;
+        if (m_owner.load(std::memory_order_relaxed) != pthread_self()) return;
+        m_owner.store(pthread_t{}, std::memory_order_relaxed);
+        pthread_mutex_unlock(&m_mutex);
     }
     // Destroys the mutex; later Lock and Unlock calls do nothing.
     virtual void Delete() {
@@ -158,6 +169,7 @@ public:
 
 private:
     pthread_mutex_t m_mutex;
+    std::atomic<pthread_t> m_owner{};  // the holding thread; zero when free
     bool m_deleted = false;
 };
 static_assert(PTHREAD_MUTEX_ERRORCHECK == 2, "the attribute type value the framework expects");
