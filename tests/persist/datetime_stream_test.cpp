@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -279,6 +280,31 @@ TYPED_TEST(DateRecordStream, StreamOfferingNeitherFormIsNeitherWrittenNorRead) {
     EXPECT_EQ(plain.calls, 0);
     EXPECT_EQ(plain.refs, 1);
     ExpectFields(this->fields(), 6, 9, 11, 1999, 23, 59, 1.25f);
+}
+
+TYPED_TEST(DateRecordStream, FailingWriteReleasesTheStreamAndPassesOn) {
+    ThrowingFolderStream stream(L"Hour");
+    this->Set(Sample());
+    EXPECT_THROW(this->Save(&stream), std::runtime_error);
+    EXPECT_EQ(stream.visited, (std::vector<std::wstring>{L"Day", L"Month", L"Year", L"Hour"}));
+    EXPECT_EQ(stream.refs, 1);
+}
+
+TYPED_TEST(DateRecordStream, FailingReadKeepsTheFieldsAlreadyLoaded) {
+    ThrowingFolderStream stream(L"Hour");
+    this->Set(Other());
+    EXPECT_THROW(this->Load(&stream), std::runtime_error);
+    EXPECT_EQ(stream.refs, 1);
+    ExpectFields(this->fields(), 6, 42, 42, 42, 23, 59, 1.25f);
+}
+
+TYPED_TEST(DateRecordStream, FolderReadsGoStraightIntoTheFields) {
+    ThrowingFolderStream stream(L"none");
+    this->Set(Other());
+    EXPECT_EQ(this->Load(&stream), S_OK);
+    EXPECT_EQ(stream.visited, (std::vector<std::wstring>{L"Day", L"Month", L"Year", L"Hour", L"Minute", L"Second"}));
+    ExpectFields(this->fields(), 6, 42, 42, 42, 42, 42, 4.5f);
+    EXPECT_EQ(stream.refs, 1);
 }
 
 struct SecondText {

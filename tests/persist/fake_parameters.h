@@ -4,7 +4,7 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -74,6 +74,7 @@ public:
     std::vector<std::int32_t> saves;   // flags of each Save
     std::vector<std::int32_t> loads;   // flags of each Load
     int lookups = 0;                   // calls of the collection operations
+    bool throws = false;               // Save and Load throw after recording
 
     HRESULT QueryInterface(const IID& iid, void** out) override {
         *out = nullptr;
@@ -114,10 +115,12 @@ public:
 
     HRESULT Save(IDataStream*, std::int32_t flags) override {
         saves.push_back(flags);
+        if (throws) throw std::runtime_error("save failure");
         return S_OK;
     }
     HRESULT Load(IDataStream*, std::int32_t flags) override {
         loads.push_back(flags);
+        if (throws) throw std::runtime_error("load failure");
         return S_OK;
     }
 

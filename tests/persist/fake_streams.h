@@ -4,6 +4,11 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "com_types.h"
 #include "framework_interfaces.h"
@@ -72,6 +77,70 @@ public:
 private:
     IUnknown* xml_;
     IUnknown* folder_;
+};
+
+}  // namespace persist_test
+
+namespace persist_test {
+
+// A folder stream that throws when it reaches the value named `throwAt`;
+// reads before that fill 2-byte values with 42 and 4-byte values with 4.5f.
+class ThrowingFolderStream final : public IDataStream, public IFolderStream {
+public:
+    explicit ThrowingFolderStream(std::wstring throwAt) : throwAt_(std::move(throwAt)) {}
+    std::int32_t refs = 1;
+    std::vector<std::wstring> visited;  // names written or read, in order
+
+    HRESULT QueryInterface(const IID& iid, void** out) override {
+        *out = nullptr;
+        if (IsEqualIID(iid, HostIID("IFolderStream"))) {
+            *out = static_cast<IFolderStream*>(this);
+        } else if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, HostIID("IDataStream"))) {
+            *out = static_cast<IDataStream*>(this);
+        } else {
+            return E_NOINTERFACE;
+        }
+        AddRef();
+        return S_OK;
+    }
+    std::int32_t AddRef() override { return ++refs; }
+    std::int32_t Release() override { return --refs; }
+    HRESULT Rewind() override { return E_NOTIMPL; }
+    HRESULT GetSize(std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT GetPosition(std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT Read(void*, std::int32_t, std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT Write(const void*, std::int32_t, std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT SaveToFile(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
+    HRESULT LoadFromFile(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
+
+    HRESULT WriteValue(IString* name, const void*, std::int32_t, std::int32_t) override {
+        Visit(name);
+        return S_OK;
+    }
+    HRESULT GetValueSize(IString*, std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT GetValueCount(std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT GetValueName(std::int32_t, IString**) override { return E_NOTIMPL; }
+    HRESULT RemoveValue(IString*) override { return E_NOTIMPL; }
+    HRESULT ReadValue(IString* name, void* data, std::int32_t size, std::int32_t) override {
+        Visit(name);
+        if (size == 2) {
+            const std::int16_t value = 42;
+            std::memcpy(data, &value, sizeof value);
+        } else if (size == 4) {
+            const float value = 4.5f;
+            std::memcpy(data, &value, sizeof value);
+        }
+        return S_OK;
+    }
+
+private:
+    void Visit(IString* name) {
+        tagREFString view{0, nullptr};
+        name->GetString(&view);
+        visited.emplace_back(view.string, static_cast<std::size_t>(view.length));
+        if (visited.back() == throwAt_) throw std::runtime_error("stream failure");
+    }
+    std::wstring throwAt_;
 };
 
 }  // namespace persist_test

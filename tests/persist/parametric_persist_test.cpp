@@ -223,4 +223,40 @@ TEST(ParametricLoad, ResultIsZeroWhateverTheCollectionsLoadReports) {
     ExpectFields(ReadFields(time.get()), 5, 3, 2024, 10, 20, 30.5);
 }
 
+TEST(ParametricSave, ThrowingCollectionGivesAFailureCodeAndReleasesEverything) {
+    WatchingCollection watching(Kit());
+    RecordingParameters recorded(true);
+    recorded.throws = true;
+    watching.parameters = static_cast<IParametersCreatable*>(&recorded);
+    SmartPtr<ITime> time = NewSampleTime();
+    SmartPtr<IDataStream> stream = NewXmlStream();
+    {
+        ScopedGlobalCollection scope(&watching);
+        EXPECT_EQ(PersistOf(time.get())->Save(stream.get(), 1), kFail);
+    }
+    EXPECT_EQ(recorded.saves, std::vector<std::int32_t>{0x800001});
+    EXPECT_EQ(recorded.refs, 1);
+    EXPECT_EQ(watching.refs, 1);
+    EXPECT_EQ(RefCount(stream.get()), 1);
+}
+
+TEST(ParametricLoad, ThrowingCollectionGivesAFailureCodeAndChangesNothing) {
+    WatchingCollection watching(Kit());
+    RecordingParameters recorded(true);
+    recorded.throws = true;
+    watching.parameters = static_cast<IParametersCreatable*>(&recorded);
+    SmartPtr<ITime> time = NewSampleTime();
+    SmartPtr<IDataStream> stream = NewFolderStream();
+    {
+        ScopedGlobalCollection scope(&watching);
+        EXPECT_EQ(PersistOf(time.get())->Load(stream.get(), 0), kFail);
+    }
+    EXPECT_EQ(recorded.loads, std::vector<std::int32_t>{0});
+    EXPECT_EQ(recorded.lookups, 0);
+    EXPECT_EQ(recorded.refs, 1);
+    EXPECT_EQ(watching.refs, 1);
+    EXPECT_EQ(RefCount(stream.get()), 1);
+    ExpectFields(ReadFields(time.get()), 5, 3, 2024, 10, 20, 30.5);
+}
+
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "fake_parameters.h"
@@ -223,6 +224,44 @@ TEST(TimeSetParameters, NullSetIsAPointerError) {
     SmartPtr<ITime> time = NewSampleTime();
     EXPECT_EQ(Apply(time.get(), nullptr), E_POINTER);
     ExpectFields(ReadFields(time.get()), 5, 3, 2024, 10, 20, 30.5);
+}
+
+// A variant whose integer getter throws.
+class ThrowingVariant final : public IVariant {
+public:
+    std::int32_t refs = 1;
+    HRESULT QueryInterface(const IID& iid, void** out) override {
+        *out = nullptr;
+        if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, HostIID("IVariant"))) return E_NOINTERFACE;
+        *out = static_cast<IVariant*>(this);
+        AddRef();
+        return S_OK;
+    }
+    std::int32_t AddRef() override { return ++refs; }
+    std::int32_t Release() override { return --refs; }
+    short GetType() override { return kVariantInteger; }
+    double GetDouble() override { return 0.0; }
+    std::int32_t GetInteger() override { throw std::runtime_error("variant failure"); }
+    HRESULT SetInteger(std::int32_t) override { return E_NOTIMPL; }
+    HRESULT SetDouble(double) override { return E_NOTIMPL; }
+    HRESULT SetObject(IUnknown*) override { return E_NOTIMPL; }
+    HRESULT GetObject(IUnknown**) override { return E_NOTIMPL; }
+    HRESULT SetText(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
+    short IsString() override { return 0; }
+    HRESULT GetString(IString**) override { return E_NOTIMPL; }
+};
+
+TEST(TimeSetParameters, ThrowingEntryGivesAFailureCodeAndKeepsEarlierFields) {
+    SmartPtr<ITime> time = NewSampleTime();
+    ThrowingVariant throwing;
+    ObjectEntries entries;
+    entries.Add(L"Day", NewInteger(Kit(), 9).get());
+    entries.Add(L"Hour", &throwing);
+    entries.Add(L"Minute", NewInteger(Kit(), 1).get());
+    EXPECT_EQ(Apply(time.get(), &entries), static_cast<HRESULT>(0x80004005u));
+    ExpectFields(ReadFields(time.get()), 9, 3, 2024, 10, 20, 30.5);
+    EXPECT_EQ(throwing.refs, 2);  // the entry's own reference only
+    EXPECT_EQ(entries.refs, 1);
 }
 
 TEST(TimeGetPages, OneParametricPageKeyedByTheObjectName) {
