@@ -15,11 +15,15 @@ namespace kit::streams {
 
 namespace {
 
-constexpr std::wstring_view kRootElement = L"Parameters";
-constexpr std::wstring_view kEntryElement = L"Parameter";
-constexpr std::wstring_view kNameElement = L"Name";
-constexpr std::wstring_view kTypeElement = L"Type";
-constexpr std::wstring_view kValueElement = L"Value";
+constexpr std::string_view kRootElement = "Parameters";
+constexpr std::string_view kEntryElement = "Parameter";
+// The children of an entry, by field index.
+constexpr std::string_view kFieldElements[] = {"Name", "Type", "Value"};
+constexpr int kNameField = 0;
+constexpr int kTypeField = 1;
+constexpr int kValueField = 2;
+
+std::wstring Widen(std::string_view ascii) { return std::wstring(ascii.begin(), ascii.end()); }
 
 bool IsXmlText(std::wstring_view text) {
     for (const wchar_t unit : text) {
@@ -28,16 +32,16 @@ bool IsXmlText(std::wstring_view text) {
     return true;
 }
 
-HRESULT Begin(IXMLStream* stream, std::wstring_view name) {
+HRESULT Begin(IXMLStream* stream, std::string_view name) {
     SmartPtr<IString> tag;
-    const HRESULT hr = NewString(name, tag.put());
+    const HRESULT hr = NewString(Widen(name), tag.put());
     if (FAILED(hr)) return hr;
     return stream->BeginElement(tag.get(), nullptr, 0);
 }
 
-HRESULT Element(IXMLStream* stream, std::wstring_view name, std::wstring_view value) {
+HRESULT Element(IXMLStream* stream, std::string_view name, std::wstring_view value) {
     SmartPtr<IString> tag;
-    HRESULT hr = NewString(name, tag.put());
+    HRESULT hr = NewString(Widen(name), tag.put());
     if (FAILED(hr)) return hr;
     SmartPtr<IString> text;
     hr = NewString(value, text.put());
@@ -47,12 +51,9 @@ HRESULT Element(IXMLStream* stream, std::wstring_view name, std::wstring_view va
 
 HRESULT SaveEntry(const ParameterEntry& entry, IXMLStream* stream) {
     HRESULT hr = Begin(stream, kEntryElement);
-    if (SUCCEEDED(hr)) hr = Element(stream, kNameElement, entry.name);
-    if (SUCCEEDED(hr)) {
-        const std::string_view kind = KindName(entry.kind);
-        hr = Element(stream, kTypeElement, std::wstring(kind.begin(), kind.end()));
-    }
-    if (SUCCEEDED(hr)) hr = Element(stream, kValueElement, ValueText(entry));
+    if (SUCCEEDED(hr)) hr = Element(stream, kFieldElements[kNameField], entry.name);
+    if (SUCCEEDED(hr)) hr = Element(stream, kFieldElements[kTypeField], Widen(KindName(entry.kind)));
+    if (SUCCEEDED(hr)) hr = Element(stream, kFieldElements[kValueField], ValueText(entry));
     if (SUCCEEDED(hr)) hr = stream->EndElement();
     return hr;
 }
@@ -62,17 +63,17 @@ HRESULT SaveEntry(const ParameterEntry& entry, IXMLStream* stream) {
 class ParametersReader final : public XmlHandler {
 public:
     struct RawEntry {
-        std::string fields[3];  // name, type, value as UTF-8
-        int seen[3] = {0, 0, 0};
+        std::string fields[3];  // by field index, UTF-8
+        int seen[3] = {0, 0, 0};  // how often each field element occurred
     };
 
     void StartElement(std::string_view name) override {
         ++depth_;
         if (root_depth_ == 0) {
-            if (!found_ && name == "Parameters") root_depth_ = depth_;
+            if (!found_ && name == kRootElement) root_depth_ = depth_;
             return;
         }
-        if (depth_ == root_depth_ + 1 && name == "Parameter") {
+        if (depth_ == root_depth_ + 1 && name == kEntryElement) {
             entries_.emplace_back();
         } else if (depth_ == root_depth_ + 2 && !entries_.empty()) {
             field_ = FieldIndex(name);
@@ -98,9 +99,9 @@ public:
 
 private:
     static int FieldIndex(std::string_view name) {
-        if (name == "Name") return 0;
-        if (name == "Type") return 1;
-        if (name == "Value") return 2;
+        for (int field = 0; field < 3; ++field) {
+            if (kFieldElements[field] == name) return field;
+        }
         return -1;
     }
 
@@ -116,11 +117,11 @@ HRESULT EntryFromRaw(const ParametersReader::RawEntry& raw, ParameterEntry* entr
         if (count != 1) return kE_StreamCorrupt;
     }
     ParameterKind kind = ParameterKind::kEmpty;
-    if (!KindFromName(raw.fields[1], &kind)) return kE_StreamCorrupt;
-    DecodeUtf8Lenient(raw.fields[0], entry->name);
+    if (!KindFromName(raw.fields[kTypeField], &kind)) return kE_StreamCorrupt;
+    DecodeUtf8Lenient(raw.fields[kNameField], entry->name);
     if (entry->name.empty()) return kE_StreamCorrupt;
     std::wstring value;
-    DecodeUtf8Lenient(raw.fields[2], value);
+    DecodeUtf8Lenient(raw.fields[kValueField], value);
     return ValueFromText(kind, value, entry) ? S_OK : kE_StreamCorrupt;
 }
 
