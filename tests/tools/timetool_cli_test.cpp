@@ -287,6 +287,30 @@ TEST(TimetoolSun, TwoDaysOfTheSolstice) {
               "2024-06-22   2024-06-22 02:20:10  2024-06-22 07:55:22\n");
 }
 
+TEST(TimetoolSun, JsonRowOfTheSolstice) {
+    const ToolRun run = RunTimetool({"sun", "2024-06-21", "--json"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::ordered_json doc = nlohmann::ordered_json::parse(run.out);
+    EXPECT_EQ(doc.size(), 3u);
+    EXPECT_EQ(doc.at("latitude"), 43.3);
+    EXPECT_EQ(doc.at("longitude"), -83.045);
+    ASSERT_EQ(doc.at("days").size(), 1u);
+    const auto& row = doc.at("days").at(0);
+    std::vector<std::string> keys;
+    for (auto entry = row.begin(); entry != row.end(); ++entry) keys.push_back(entry.key());
+    EXPECT_EQ(keys, (std::vector<std::string>{"date", "j0", "polar", "sunrise", "sunset", "sunrise_days", "sunset_days",
+                                              "sunrise_star_date", "sunset_star_date"}));
+    EXPECT_EQ(row.at("date"), "2024-06-21");
+    EXPECT_EQ(row.at("j0"), 738888.5);
+    EXPECT_TRUE(row.at("polar").is_null());
+    EXPECT_EQ(row.at("sunrise"), "2024-06-21T02:20:09");
+    EXPECT_EQ(row.at("sunset"), "2024-06-21T07:55:07");
+    EXPECT_DOUBLE_EQ(row.at("sunrise_days").get<double>(), 171.59733151711325);
+    EXPECT_DOUBLE_EQ(row.at("sunset_days").get<double>(), 171.82995345218822);
+    EXPECT_DOUBLE_EQ(row.at("sunrise_star_date").get<double>(), 738888.5 + 171.59733151711325);
+    EXPECT_DOUBLE_EQ(row.at("sunset_star_date").get<double>(), 738888.5 + 171.82995345218822);
+}
+
 TEST(TimetoolSun, HemisphereLettersMeanTheSamePlace) {
     const ToolRun run = RunTimetool({"sun", "2024-06-21", "--lat", "43.3N", "--lon", "83.045W"});
     ASSERT_EQ(run.status, 0) << run.err;
@@ -443,6 +467,22 @@ TEST_P(TimetoolPersist, SaveThenLoadInAnotherProcess) {
               json::parse(R"({"Day":21,"Month":6,"Year":2024,"Hour":17,"Minute":54,"Second":0.0})"));
     EXPECT_EQ(parsed.at("loaded"),
               json::parse(R"({"day":21,"month":2024,"year":0,"hour":17,"minute":54,"second":0.0})"));
+}
+
+TEST(TimetoolSave, JsonNamesTheFileFormAndFields) {
+    const TempDir dir;
+    const std::string file = dir.path() + "/time.xml";
+    const ToolRun run = RunTimetool({"save", file, "2024-06-21T17:54:30.5", "--json"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::ordered_json doc = nlohmann::ordered_json::parse(run.out);
+    std::vector<std::string> keys;
+    for (auto entry = doc.begin(); entry != doc.end(); ++entry) keys.push_back(entry.key());
+    EXPECT_EQ(keys, (std::vector<std::string>{"file", "form", "star_date", "saved"}));
+    EXPECT_EQ(doc.at("file"), file);
+    EXPECT_EQ(doc.at("form"), "xml");
+    EXPECT_DOUBLE_EQ(doc.at("star_date").get<double>(), 739060.0 + ((17 / 24.0 + 54 / 1440.0) + 30.5 / 86400.0));
+    EXPECT_EQ(doc.at("saved"),
+              nlohmann::ordered_json::parse(R"({"day":21,"month":6,"year":2024,"hour":17,"minute":54,"second":30.5})"));
 }
 
 INSTANTIATE_TEST_SUITE_P(XmlAndFolder, TimetoolPersist, ::testing::Values("time.xml", "time.dat"));
