@@ -11,6 +11,7 @@
 
 #include "inputs.h"
 #include "module_loader.h"
+#include "sky_objects.h"
 
 namespace {
 
@@ -44,6 +45,7 @@ int main(int argc, char** argv) {
         bench::Module();
         bench::Dates();
         bench::SkyDates();
+        bench::SkyTimeObjects();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "cal_bench: %s\n", error.what());
         return 1;

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds the release preset, runs the benchmarks with repetitions and prints
 # the table of medians and ratios (module / peer) against each row's target,
-# then the whole-process figures. Usage: scripts/bench.sh [repetitions]
+# then the whole-process and memory figures. Profiles of single rows:
+# bench/profile.sh build/release <benchmark name>. Usage: scripts/bench.sh [repetitions]
 # Extra Google Benchmark options can be given in BENCH_ARGS.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -9,8 +10,8 @@ repetitions="${1:-5}"
 bash scripts/setup.sh
 # GCC 12 at -O3 raises a false -Wrestrict inside std::string::assign in
 # some host kit sources; it stays a warning here, every other one an error.
-cmake --preset release -DCAL_BUILD_TESTS=OFF "-DCMAKE_CXX_FLAGS=-Wno-error=restrict" >/dev/null
-cmake --build --preset release --target cal_bench timetool Calendar CollectionsEx -j2 >/dev/null
+cmake --preset release -DCAL_BUILD_TESTS=ON "-DCMAKE_CXX_FLAGS=-Wno-error=restrict" >/dev/null
+cmake --build --preset release --target cal_bench alloc_host_test timetool Calendar CollectionsEx -j2 >/dev/null
 
 out=build/release/bench-results
 mkdir -p "$out"
@@ -24,3 +25,6 @@ echo "Machine: $(nproc) cores, $(grep -m1 'model name' /proc/cpuinfo | cut -d: -
 echo "Full benchmark output: $out/console.txt and $out/bench.json"
 echo
 bash bench/process_times.sh build/release
+echo
+echo "Memory (requested bytes held, counted by the allocation test's operator new):"
+(cd build/release && ./tests/alloc/alloc_host_test --gtest_filter='MemoryFigures.*' | sed -n 's/^memory: /  /p')
