@@ -18,7 +18,8 @@ bool EncodeName(std::wstring_view name, std::string& out) {
 HRESULT XmlBuilder::Begin(ByteStore& store, std::wstring_view name) {
     OpenElement element{{}, 0, {}};
     if (!EncodeName(name, element.name)) return E_INVALIDARG;
-    piece_.assign("<").append(element.name).append(">");
+    piece_.clear();
+    piece_.append("<").append(element.name).append(">");
     element.tag_end = store.bytes().size() + piece_.size() - 1;
     open_.reserve(open_.size() + 1);  // so that the push below cannot fail after the text is written
     const HRESULT hr = store.Append(piece_);
@@ -35,7 +36,8 @@ HRESULT XmlBuilder::Attribute(ByteStore& store, std::wstring_view name, std::wst
     for (const std::string& seen : element.attributes) {
         if (seen == encoded) return E_INVALIDARG;
     }
-    piece_.assign(" ").append(encoded).append("=\"");
+    piece_.clear();
+    piece_.append(" ").append(encoded).append("=\"");
     if (!AppendEscaped(value, piece_)) return E_INVALIDARG;
     piece_.append("\"");
     element.attributes.reserve(element.attributes.size() + 1);
@@ -49,7 +51,8 @@ HRESULT XmlBuilder::Attribute(ByteStore& store, std::wstring_view name, std::wst
 HRESULT XmlBuilder::Element(ByteStore& store, std::wstring_view name, std::wstring_view value) {
     std::string encoded;
     if (!EncodeName(name, encoded)) return E_INVALIDARG;
-    piece_.assign("<").append(encoded).append(">");
+    piece_.clear();
+    piece_.append("<").append(encoded).append(">");
     if (!AppendEscaped(value, piece_)) return E_INVALIDARG;
     piece_.append("</").append(encoded).append(">");
     return store.Append(piece_);
@@ -57,7 +60,8 @@ HRESULT XmlBuilder::Element(ByteStore& store, std::wstring_view name, std::wstri
 
 HRESULT XmlBuilder::End(ByteStore& store) {
     if (open_.empty()) return E_FAIL;
-    piece_.assign("</").append(open_.back().name).append(">");
+    piece_.clear();
+    piece_.append("</").append(open_.back().name).append(">");
     const HRESULT hr = store.Append(piece_);
     if (FAILED(hr)) return hr;
     open_.pop_back();
