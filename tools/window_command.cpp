@@ -85,7 +85,8 @@ void RunWindow(const WindowOptions& options) {
             double element = 0.0;
             CheckModule(vector->get_Element(age, &element), "IDblVector::get_Element");
             window.push_back(element);
-            text += (age ? " " : "") + NumberText(element);
+            if (age > 0) text += ' ';
+            text += NumberText(element);
         }
         const std::vector<VectorEvent> events = listener->TakeEvents();
         if (options.json) {

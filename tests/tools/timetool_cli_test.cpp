@@ -3,6 +3,7 @@
 // hand computation of the documented steps for the other instants.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -126,6 +127,15 @@ TEST(TimetoolShow, DefaultViewShowsEveryPart) {
           "Julian Date", "Linux time", "Weekday", "Sunrise", "Sunset", "Moon phase"}) {
         EXPECT_NE(LineOf(run.out, label), "") << label;
     }
+}
+
+TEST(TimetoolShow, TodayIsMidnightUtc) {
+    const ToolRun run = RunTimetool({"show", "today", "--json"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const json doc = json::parse(run.out);
+    const double starDate = doc.at("star_date").get<double>();
+    EXPECT_EQ(starDate, std::floor(starDate));
+    EXPECT_EQ(doc.at("utc").get<std::string>().substr(10), "T00:00:00");
 }
 
 TEST(TimetoolShow, DefaultViewAsJsonHasTheShowKeys) {
