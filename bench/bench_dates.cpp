@@ -1,8 +1,8 @@
 // Date conversions: the module through ITime beside date.h, ICU and libhdate.
 #include <benchmark/benchmark.h>
 #include <hdate.h>
-#include <unicode/gregocal.h>
 #include <unicode/calendar.h>
+#include <unicode/gregocal.h>
 #include <unicode/timezone.h>
 
 #include <date/date.h>

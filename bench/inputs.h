@@ -19,8 +19,8 @@ struct CivilDate {
 };
 
 struct DateInputs {
-    std::array<double, kInputCount> starDate;       // whole days; 0001-01-01 Julian is 1.0
-    std::array<std::int32_t, kInputCount> daysSince1970;  // the same day for date.h
+    std::array<double, kInputCount> starDate;               // whole days; 0001-01-01 Julian is 1.0
+    std::array<std::int32_t, kInputCount> daysSince1970;    // the same day for date.h
     std::array<std::int32_t, kInputCount> julianDayNumber;  // the same day for libhdate
     std::array<CivilDate, kInputCount> gregorian;
     std::array<CivilDate, kInputCount> julian;

@@ -78,7 +78,7 @@ public:
 private:
     void CopyInnerDate();
 
-    double epochOffset_ = 0.0;         // added to the inner calendar's elapsed days
-    CBaseCalendar* inner_ = nullptr;   // owned; always a CGregorian
-    IString* name_ = nullptr;          // one reference held
+    double epochOffset_ = 0.0;        // added to the inner calendar's elapsed days
+    CBaseCalendar* inner_ = nullptr;  // owned; always a CGregorian
+    IString* name_ = nullptr;         // one reference held
 };

@@ -53,9 +53,9 @@ void GregorianDateFromCount(double count, tagDATETIME* out) {
     int r = n % 146097;
     int q100 = r / 36524;  // [0, 4]
     r %= 36524;
-    int q4 = r / 1461;     // [0, 24]
+    int q4 = r / 1461;  // [0, 24]
     r %= 1461;
-    int q1 = r / 365;      // [0, 4]
+    int q1 = r / 365;  // [0, 4]
     int d = r % 365;
     if (d == 0) {
         // The third case yields day 366 of a 365-day century year on purpose:

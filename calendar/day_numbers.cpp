@@ -50,9 +50,7 @@ HRESULT JDNtoGregorian(double jdn, tagDATETIME* out) {
     return S_OK;
 }
 
-double JulianToJDN(const tagDATETIME* date) {
-    return cal::JulianElapsedDays(date->Day, date->Month, date->Year);
-}
+double JulianToJDN(const tagDATETIME* date) { return cal::JulianElapsedDays(date->Day, date->Month, date->Year); }
 
 HRESULT JDNtoJulian(double jdn, tagDATETIME* out) {
     cal::JulianDateFromCount(jdn, out);

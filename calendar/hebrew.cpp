@@ -38,7 +38,8 @@ constexpr CoarseMonthTables MakeCoarseMonthTables() {
     CoarseMonthTables t;
     for (int flag = 0; flag < 2; ++flag) {
         for (int r = 1; r < 19; ++r) t.ahead[flag][r] = t.ahead[flag][r - 1] + (cal::HebrewLeapYear(r, flag) ? 13 : 12);
-        for (int r = 1; r < 19; ++r) t.behind[flag][r] = t.behind[flag][r - 1] + (cal::HebrewLeapYear(-r, flag) ? 13 : 12);
+        for (int r = 1; r < 19; ++r)
+            t.behind[flag][r] = t.behind[flag][r - 1] + (cal::HebrewLeapYear(-r, flag) ? 13 : 12);
     }
     return t;
 }

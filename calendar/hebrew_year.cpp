@@ -16,9 +16,7 @@ constexpr std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
 constexpr std::int64_t FloorMod(std::int64_t a, std::int64_t b) { return a - FloorDiv(a, b) * b; }
 
 // Months before year k: truncating division, as the year-start rule has it.
-constexpr std::int64_t MonthsBeforeYear(std::int64_t k) {
-    return ((k - 1) * kMonthsPerCycle + 1) / kYearsPerCycle;
-}
+constexpr std::int64_t MonthsBeforeYear(std::int64_t k) { return ((k - 1) * kMonthsPerCycle + 1) / kYearsPerCycle; }
 
 // Days from the epoch to the new moon of year k, moved to the next day when
 // three times the following day is 0, 1 or 2 modulo 7 (truncated remainder).

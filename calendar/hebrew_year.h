@@ -16,7 +16,13 @@ namespace cal {
 constexpr bool HebrewLeapYear(std::int64_t year, int flag) {
     const auto test = static_cast<std::int16_t>(flag == 0 ? year : year - 1);
     switch (test % 19) {
-        case 0: case 3: case 6: case 8: case 11: case 14: case 17:
+        case 0:
+        case 3:
+        case 6:
+        case 8:
+        case 11:
+        case 14:
+        case 17:
             return true;
         default:
             return false;

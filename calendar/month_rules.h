@@ -8,9 +8,7 @@ namespace cal {
 
 // Divisible by 4 and (not by 100, or by 400); negative years by the same
 // truncating remainders, so 0 and -4 are leap years and -1 is not.
-constexpr bool GregorianLeap(std::int16_t year) {
-    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-}
+constexpr bool GregorianLeap(std::int16_t year) { return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0); }
 // Low two bits of the 16-bit year zero: -4 and 0 are leap years, -1 and -5 not.
 constexpr bool JulianLeap(std::int16_t year) { return (year & 3) == 0; }
 

@@ -72,8 +72,8 @@ double _IS2Double(CREFString text) {
     // Both parts wrap in 64 bits rather than overflow; the divisor stops the
     // fraction at its eighteenth digit.
     std::uint64_t whole = 0;
-    std::int64_t numerator = 0;   // [0, 10^18)
-    std::int64_t divisor = 1;     // [1, 10^18]
+    std::int64_t numerator = 0;  // [0, 10^18)
+    std::int64_t divisor = 1;    // [1, 10^18]
     bool fraction = false;
     for (; i < text.length; ++i) {
         const wchar_t c = text.string[i];

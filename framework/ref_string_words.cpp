@@ -27,9 +27,7 @@ bool IsDigitAt(const wchar_t* text, std::int32_t length, std::int32_t i) {
     return i < length && std::iswdigit(static_cast<wint_t>(text[i]));
 }
 
-bool IsAt(const wchar_t* text, std::int32_t length, std::int32_t i, wchar_t c) {
-    return i < length && text[i] == c;
-}
+bool IsAt(const wchar_t* text, std::int32_t length, std::int32_t i, wchar_t c) { return i < length && text[i] == c; }
 
 std::int32_t SkipDigits(const wchar_t* text, std::int32_t length, std::int32_t i) {
     while (IsDigitAt(text, length, i)) ++i;

@@ -54,14 +54,11 @@ tagREFString ElementName(const tagREFString& tag) {
     return {n, tag.string};
 }
 
-tagREFString After(const tagREFString& text, std::int32_t count) {
-    return {text.length - count, text.string + count};
-}
+tagREFString After(const tagREFString& text, std::int32_t count) { return {text.length - count, text.string + count}; }
 
 }  // namespace
 
-HRESULT XMLGetTAGGED(CREFString& source, CREFString& tag, CREFString& attributes, CREFString& content,
-                     short advance) {
+HRESULT XMLGetTAGGED(CREFString& source, CREFString& tag, CREFString& attributes, CREFString& content, short advance) {
     const tagREFString name = ElementName(tag);
     const TagPattern opening{{1, L"<"}, name, {0, L""}};
     const TagPattern closing{{2, L"</"}, name, {1, L">"}};

@@ -9,5 +9,4 @@
 // element content (views into source). S_OK, also when the closing tag is
 // missing (content is then empty); E_FAIL for an empty source or an absent
 // opening tag. A non-zero advance moves source past the element.
-HRESULT XMLGetTAGGED(CREFString& source, CREFString& tag, CREFString& attributes, CREFString& content,
-                     short advance);
+HRESULT XMLGetTAGGED(CREFString& source, CREFString& tag, CREFString& attributes, CREFString& content, short advance);

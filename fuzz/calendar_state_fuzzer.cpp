@@ -43,8 +43,8 @@ IDataPersist* CreateTimePersist() {
 }
 
 // Value names the readers look for, and one they do not know.
-constexpr const wchar_t* kValueNames[] = {L"Day",    L"Month",   L"Year",          L"Hour",
-                                          L"Minute", L"Second",  L"Parameter:Day", L"Other"};
+constexpr const wchar_t* kValueNames[] = {L"Day",    L"Month",  L"Year",          L"Hour",
+                                          L"Minute", L"Second", L"Parameter:Day", L"Other"};
 
 // Records of [name selector][size 0 to 8][bytes] written as folder values.
 void FillFolder(IFolderStream& folder, fuzz::ByteReader& in) {

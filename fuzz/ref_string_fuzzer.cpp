@@ -148,8 +148,8 @@ void CheckContainsChar(Scan& scan, fuzz::ByteReader& in) {
 }
 
 using Check = void (*)(Scan&, fuzz::ByteReader&);
-constexpr Check kChecks[] = {CheckGetLine,  CheckGetLineCRLF, CheckReverseLine, CheckLineRight, CheckCrop,
-                             CheckSplit,    CheckFirstWord,   CheckGetWord,     CheckContains,  CheckContainsChar};
+constexpr Check kChecks[] = {CheckGetLine, CheckGetLineCRLF, CheckReverseLine, CheckLineRight, CheckCrop,
+                             CheckSplit,   CheckFirstWord,   CheckGetWord,     CheckContains,  CheckContainsChar};
 
 }  // namespace
 

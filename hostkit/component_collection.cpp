@@ -15,9 +15,9 @@ namespace kit {
 namespace {
 
 struct RegisteredComponent {
-    std::wstring name;     // compared exactly (case matters)
+    std::wstring name;  // compared exactly (case matters)
     std::wstring library;
-    CREATEFUNCTION create; // null until first resolved; reset when the library changes
+    CREATEFUNCTION create;  // null until first resolved; reset when the library changes
 };
 
 class ComponentCollection final : public IComponentCollection, public RefCounted {
@@ -31,8 +31,7 @@ public:
     }
 
     HRESULT QueryInterface(const IID& iid, void** out) override {
-        return QueryFromTable(this, {{kIID_IComponentCollection, static_cast<IComponentCollection*>(this)}}, iid,
-                              out);
+        return QueryFromTable(this, {{kIID_IComponentCollection, static_cast<IComponentCollection*>(this)}}, iid, out);
     }
     std::int32_t AddRef() override { return AddRefImpl(); }
     std::int32_t Release() override { return ReleaseImpl(); }

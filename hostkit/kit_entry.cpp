@@ -35,11 +35,16 @@ HRESULT CreationFunction(void* /*outer*/, const IID* iid, void** out) {
 
 // The framework's creation functions, one per kit component, in table order.
 const CREATEFUNCTION kCreationFunctions[] = {
-    &CreationFunction<&CreateGlobalComponentCollection>, &CreationFunction<&CreateComponentString>,
-    &CreationFunction<&CreateCreatableString>,           &CreationFunction<&CreateVariant>,
-    &CreationFunction<&CreateSuperCollection>,           &CreationFunction<&CreateRegistry>,
-    &CreationFunction<&CreateDataStream>,                &CreationFunction<&CreateXMLStream>,
-    &CreationFunction<&CreateFolderStream>,              &CreationFunction<&CreateParametersCreatable>,
+    &CreationFunction<&CreateGlobalComponentCollection>,
+    &CreationFunction<&CreateComponentString>,
+    &CreationFunction<&CreateCreatableString>,
+    &CreationFunction<&CreateVariant>,
+    &CreationFunction<&CreateSuperCollection>,
+    &CreationFunction<&CreateRegistry>,
+    &CreationFunction<&CreateDataStream>,
+    &CreationFunction<&CreateXMLStream>,
+    &CreationFunction<&CreateFolderStream>,
+    &CreationFunction<&CreateParametersCreatable>,
 };
 static_assert(std::size(kCreationFunctions) == std::size(kKitComponents));
 

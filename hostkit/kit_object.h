@@ -35,8 +35,7 @@ struct InterfaceEntry {
 
 // Answers the first matching row (IID_IUnknown answers the first row's
 // sub-object), adding one reference through `self`.
-inline HRESULT QueryFromTable(IUnknown* self, std::initializer_list<InterfaceEntry> table, const IID& iid,
-                              void** out) {
+inline HRESULT QueryFromTable(IUnknown* self, std::initializer_list<InterfaceEntry> table, const IID& iid, void** out) {
     if (!out) return E_POINTER;
     *out = nullptr;
     if (table.size() == 0) return E_NOINTERFACE;

@@ -32,8 +32,7 @@ HRESULT LoadCreationFunction(std::wstring_view library, std::wstring_view compon
         auto create_function = reinterpret_cast<CreateFunctionProc>(dlsym(handle, "CreateFunction"));
         if (!create_function) return E_FAIL;
         CREATEFUNCTION create = nullptr;
-        const HRESULT hr =
-            create_function(static_cast<std::int32_t>(component.size()), component.data(), &create);
+        const HRESULT hr = create_function(static_cast<std::int32_t>(component.size()), component.data(), &create);
         if (FAILED(hr) || !create) return E_FAIL;
         *out = create;
         return S_OK;

@@ -36,10 +36,15 @@ HRESULT ReadRegistryFile(const std::string& path, std::string* text) {
         return S_OK;
     }
     switch (ReadWholeFile(path, kMaxRegistryBytes, text)) {
-        case FileRead::kRead: return S_OK;
-        case FileRead::kMissing: text->clear(); return S_OK;
-        case FileRead::kTooLarge: return kRegistryMalformed;
-        case FileRead::kFailed: break;
+        case FileRead::kRead:
+            return S_OK;
+        case FileRead::kMissing:
+            text->clear();
+            return S_OK;
+        case FileRead::kTooLarge:
+            return kRegistryMalformed;
+        case FileRead::kFailed:
+            break;
     }
     return kRegistryReadFailed;
 }
@@ -70,9 +75,12 @@ public:
             if (FAILED(hr)) return hr;
             std::string found;
             switch (FindRegistryValue(file, section_text, key_text, &found)) {
-                case RegistryStatus::kMalformed: return kRegistryMalformed;
-                case RegistryStatus::kAbsent: return S_OK;
-                case RegistryStatus::kFound: break;
+                case RegistryStatus::kMalformed:
+                    return kRegistryMalformed;
+                case RegistryStatus::kAbsent:
+                    return S_OK;
+                case RegistryStatus::kFound:
+                    break;
             }
             std::wstring wide;
             DecodeUtf8(found, &wide);  // the whole file was checked to be UTF-8
@@ -101,10 +109,14 @@ public:
             if (FAILED(hr)) return hr;
             std::string edited;
             switch (EditRegistry(file, section_text, key_text, value ? &value_text : nullptr, &edited)) {
-                case RegistryEdit::kMalformed: return kRegistryMalformed;
-                case RegistryEdit::kTooLarge: return E_INVALIDARG;
-                case RegistryEdit::kUnchanged: return S_OK;
-                case RegistryEdit::kEdited: break;
+                case RegistryEdit::kMalformed:
+                    return kRegistryMalformed;
+                case RegistryEdit::kTooLarge:
+                    return E_INVALIDARG;
+                case RegistryEdit::kUnchanged:
+                    return S_OK;
+                case RegistryEdit::kEdited:
+                    break;
             }
             return ReplaceFileAtomically(path, edited) ? S_OK : kRegistryWriteFailed;
         });

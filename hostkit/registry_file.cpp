@@ -96,8 +96,9 @@ bool ReplaceFileAtomically(const std::string& path, std::string_view text) {
     if (path.empty()) return false;
     const std::string target = FollowLink(path);
     const std::size_t slash = target.find_last_of('/');
-    const std::string folder =
-        slash == std::string::npos ? std::string() : slash == 0 ? std::string("/") : target.substr(0, slash);
+    const std::string folder = slash == std::string::npos ? std::string()
+                               : slash == 0               ? std::string("/")
+                                                          : target.substr(0, slash);
     if (!MakeFolders(folder)) return false;
 
     mode_t mode = 0644;

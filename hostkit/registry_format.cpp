@@ -99,13 +99,26 @@ bool UnescapeRegistryValue(std::string_view written, std::string* value) {
         if (c == '\\') {
             if (++i == written.size()) return false;
             switch (written[i]) {
-                case '\\': c = '\\'; break;
-                case 'n': c = '\n'; break;
-                case 'r': c = '\r'; break;
-                case 't': c = '\t'; break;
-                case 's': c = ' '; break;
-                case '0': c = '\0'; break;
-                default: return false;
+                case '\\':
+                    c = '\\';
+                    break;
+                case 'n':
+                    c = '\n';
+                    break;
+                case 'r':
+                    c = '\r';
+                    break;
+                case 't':
+                    c = '\t';
+                    break;
+                case 's':
+                    c = ' ';
+                    break;
+                case '0':
+                    c = '\0';
+                    break;
+                default:
+                    return false;
             }
         }
         if (value) value->push_back(c);
@@ -117,14 +130,28 @@ void EscapeRegistryValue(std::string_view value, std::string* written) {
     for (std::size_t i = 0; i < value.size(); ++i) {
         const char c = value[i];
         switch (c) {
-            case '\\': written->append("\\\\"); break;
-            case '\n': written->append("\\n"); break;
-            case '\r': written->append("\\r"); break;
-            case '\0': written->append("\\0"); break;
+            case '\\':
+                written->append("\\\\");
+                break;
+            case '\n':
+                written->append("\\n");
+                break;
+            case '\r':
+                written->append("\\r");
+                break;
+            case '\0':
+                written->append("\\0");
+                break;
             // A leading blank would be trimmed on reading.
-            case ' ': written->append(i == 0 ? "\\s" : " "); break;
-            case '\t': written->append(i == 0 ? "\\t" : "\t"); break;
-            default: written->push_back(c); break;
+            case ' ':
+                written->append(i == 0 ? "\\s" : " ");
+                break;
+            case '\t':
+                written->append(i == 0 ? "\\t" : "\t");
+                break;
+            default:
+                written->push_back(c);
+                break;
         }
     }
 }
@@ -153,15 +180,19 @@ RegistryStatus FindRegistryValue(std::string_view file, std::string_view section
     while (cursor.Next(&text, &begin)) {
         const RegistryLine line = CheckedLine(text);
         switch (line.kind) {
-            case RegistryLineKind::kMalformed: return RegistryStatus::kMalformed;
-            case RegistryLineKind::kSection: current = line.name; break;
+            case RegistryLineKind::kMalformed:
+                return RegistryStatus::kMalformed;
+            case RegistryLineKind::kSection:
+                current = line.name;
+                break;
             case RegistryLineKind::kEntry:
                 if (current == section && line.name == key) {
                     found = line.value;
                     was_found = true;
                 }
                 break;
-            default: break;
+            default:
+                break;
         }
     }
     if (!was_found) return RegistryStatus::kAbsent;

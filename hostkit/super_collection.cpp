@@ -45,7 +45,7 @@ struct Entry {
     std::wstring key;
     IUnknown* value;  // one reference held; may be null
     std::wstring extra;
-    bool has_extra;   // false when the third text was null
+    bool has_extra;  // false when the third text was null
     std::int32_t flags;
 };
 
@@ -165,9 +165,7 @@ private:
     // Counts and indexes are 32-bit.
     static constexpr std::size_t kMaxEntries = 0x7FFFFFFF;
 
-    bool InRange(std::int32_t index) const {
-        return index >= 0 && static_cast<std::size_t>(index) < entries_.size();
-    }
+    bool InRange(std::int32_t index) const { return index >= 0 && static_cast<std::size_t>(index) < entries_.size(); }
 
     std::vector<Entry> entries_;
 };

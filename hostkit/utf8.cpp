@@ -13,9 +13,9 @@ bool IsScalarValue(char32_t c) { return c <= 0x10FFFF && (c < 0xD800 || c > 0xDF
 // Decodes one sequence at bytes[*pos]; advances *pos past it on success.
 bool DecodeOne(std::string_view bytes, std::size_t* pos, char32_t* out) {
     const auto lead = static_cast<std::uint8_t>(bytes[*pos]);
-    std::size_t extra = 0;   // [0, 3] continuation bytes
+    std::size_t extra = 0;  // [0, 3] continuation bytes
     char32_t value = 0;
-    char32_t minimum = 0;    // smallest value allowed for this length (no overlong forms)
+    char32_t minimum = 0;  // smallest value allowed for this length (no overlong forms)
     if (lead < 0x80) {
         *out = lead;
         ++*pos;

@@ -31,19 +31,27 @@ public:
     // Empty and object variants read as 0.
     double GetDouble() override {
         switch (type_) {
-            case kVariantInteger: return static_cast<double>(integer_);
-            case kVariantDouble: return double_;
-            case kVariantText: return ParseTextNumber(text_);
-            default: return 0.0;
+            case kVariantInteger:
+                return static_cast<double>(integer_);
+            case kVariantDouble:
+                return double_;
+            case kVariantText:
+                return ParseTextNumber(text_);
+            default:
+                return 0.0;
         }
     }
 
     std::int32_t GetInteger() override {
         switch (type_) {
-            case kVariantInteger: return integer_;
-            case kVariantDouble: return TruncateToInt32(double_);
-            case kVariantText: return TruncateToInt32(ParseTextNumber(text_));
-            default: return 0;
+            case kVariantInteger:
+                return integer_;
+            case kVariantDouble:
+                return TruncateToInt32(double_);
+            case kVariantText:
+                return TruncateToInt32(ParseTextNumber(text_));
+            default:
+                return 0;
         }
     }
 
@@ -120,10 +128,10 @@ private:
     }
 
     short type_ = kVariantEmpty;
-    std::int32_t integer_ = 0;   // kVariantInteger
-    double double_ = 0.0;        // kVariantDouble
-    std::wstring text_;          // kVariantText
-    IUnknown* object_ = nullptr; // kStoredObject; one reference held
+    std::int32_t integer_ = 0;    // kVariantInteger
+    double double_ = 0.0;         // kVariantDouble
+    std::wstring text_;           // kVariantText
+    IUnknown* object_ = nullptr;  // kStoredObject; one reference held
 };
 
 }  // namespace

@@ -39,8 +39,8 @@ double ParseTextNumber(std::wstring_view text) {
         // infinity, downward zero.
         const std::string_view number(buffer, static_cast<std::size_t>(result.ptr - buffer));
         const std::size_t exponent = number.find_first_of("eE");
-        const bool downward = exponent != std::string_view::npos && exponent + 1 < number.size() &&
-                              number[exponent + 1] == '-';
+        const bool downward =
+            exponent != std::string_view::npos && exponent + 1 < number.size() && number[exponent + 1] == '-';
         value = downward ? 0.0 : std::numeric_limits<double>::infinity();
     }
     return sign * value;

@@ -37,7 +37,7 @@ bool NameMatches(const tagREFString& served, std::int32_t length, const wchar_t*
     return true;
 }
 
-constexpr char kModuleFolder[] = "./_binlinux/";  // no slash between "_bin" and "linux"
+constexpr char kModuleFolder[] = "./_binlinux/";                       // no slash between "_bin" and "linux"
 constexpr std::size_t kModuleFolderLength = sizeof kModuleFolder - 1;  // 12
 
 }  // namespace
@@ -66,8 +66,7 @@ extern "C" HRESULT CreateFunction(std::int32_t length, const wchar_t* name, CREA
 }
 
 void* OpenFrameworkModule(tagREFString module) {
-    const std::size_t nameLength =
-        module.length > 0 && module.string ? static_cast<std::size_t>(module.length) : 0;
+    const std::size_t nameLength = module.length > 0 && module.string ? static_cast<std::size_t>(module.length) : 0;
     // At least 264 bytes; grown for long names so the path always fits.
     std::vector<char> path(std::max<std::size_t>(264, kModuleFolderLength + nameLength * MB_CUR_MAX + 4), '\0');
     std::memcpy(path.data(), kModuleFolder, kModuleFolderLength);
@@ -90,10 +89,9 @@ void* OpenFrameworkModule(tagREFString module) {
 __attribute__((weak)) CREATEFUNCTION MODULECreateFunction(tagREFString module, tagREFString component) {
     void* library = OpenFrameworkModule(module);
     if (!library) return nullptr;
-    auto create = reinterpret_cast<HRESULT (*)(std::int32_t, const wchar_t*, CREATEFUNCTION*)>(
-        dlsym(library, "CreateFunction"));
-    auto initialize =
-        reinterpret_cast<HRESULT (*)(void*, IComponentCollection*)>(dlsym(library, "InitializeModule"));
+    auto create =
+        reinterpret_cast<HRESULT (*)(std::int32_t, const wchar_t*, CREATEFUNCTION*)>(dlsym(library, "CreateFunction"));
+    auto initialize = reinterpret_cast<HRESULT (*)(void*, IComponentCollection*)>(dlsym(library, "InitializeModule"));
     if (!create) return nullptr;
     if (initialize && gGlobalComponentCollection) initialize(nullptr, gGlobalComponentCollection.get());
     CREATEFUNCTION result = nullptr;

@@ -9,16 +9,13 @@
 // module's whole life.
 extern SmartPtr<IComponentCollection> gGlobalComponentCollection;
 
-extern "C" __attribute__((visibility("default"))) HRESULT CreateFunction(std::int32_t length,
-                                                                         const wchar_t* name,
+extern "C" __attribute__((visibility("default"))) HRESULT CreateFunction(std::int32_t length, const wchar_t* name,
                                                                          CREATEFUNCTION* out);
-__attribute__((visibility("default"))) HRESULT InitializeModule(void* reserved,
-                                                                IComponentCollection* collection);
+__attribute__((visibility("default"))) HRESULT InitializeModule(void* reserved, IComponentCollection* collection);
 // Exported as a weak symbol; the weak binding is given at the definition only,
 // so that references from the module's own code stay strong and a static link
 // of that code always includes the definition.
-__attribute__((visibility("default"))) CREATEFUNCTION MODULECreateFunction(tagREFString module,
-                                                                          tagREFString component);
+__attribute__((visibility("default"))) CREATEFUNCTION MODULECreateFunction(tagREFString module, tagREFString component);
 
 // The global collection with one reference added for the caller, created
 // from "CollectionsEx" when the host has not provided one; null on failure.

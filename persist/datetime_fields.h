@@ -13,8 +13,8 @@ struct DateTimeIntegerField {
 // XML element order. The weekday comes first in text and is never written in
 // binary form; the second, a float, follows these in both forms.
 inline constexpr DateTimeIntegerField kDateTimeTextFields[] = {
-    {L"WeekDay", &tagDATETIME::WeekDay}, {L"Day", &tagDATETIME::Day},       {L"Month", &tagDATETIME::Month},
-    {L"Year", &tagDATETIME::Year},       {L"Hour", &tagDATETIME::Hour},     {L"Minute", &tagDATETIME::Minute},
+    {L"WeekDay", &tagDATETIME::WeekDay}, {L"Day", &tagDATETIME::Day},   {L"Month", &tagDATETIME::Month},
+    {L"Year", &tagDATETIME::Year},       {L"Hour", &tagDATETIME::Hour}, {L"Minute", &tagDATETIME::Minute},
 };
 inline constexpr DateTimeIntegerField kDateTimeBinaryFields[] = {
     {L"Day", &tagDATETIME::Day},   {L"Month", &tagDATETIME::Month},   {L"Year", &tagDATETIME::Year},

@@ -28,9 +28,7 @@ SmartPtr<I> QueryStream(IDataStream* stream, const IID& iid) {
 
 SmartPtr<IString> NameText(const wchar_t* name) { return SmartPtr<IString>(ISCreate(name)); }
 
-CREFString NameView(const wchar_t* name) {
-    return CREFString(name, static_cast<int>(std::wcslen(name)));
-}
+CREFString NameView(const wchar_t* name) { return CREFString(name, static_cast<int>(std::wcslen(name))); }
 
 void WriteElements(const tagDATETIME& record, IXMLStream& xml) {
     xml.BeginElement(NameText(kDateTimeElementName).get(), nullptr, 0);

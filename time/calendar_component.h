@@ -54,12 +54,12 @@ private:
     CCalendar() = default;
     ~CCalendar() = default;
 
-    tagDATETIME m_dateTime;      // the instant in the selected calendar
-    double m_starDate = 0.0;     // the same instant as a day count
-    std::int32_t m_kind = 0;     // calendar kind, 0 = Gregorian
-    double m_longitude = 83.045; // degrees, positive towards the west
-    double m_latitude = 43.3;    // degrees, positive towards the north
-    double m_sunrise = -1.0;     // result caches; -1.0 = not computed
+    tagDATETIME m_dateTime;       // the instant in the selected calendar
+    double m_starDate = 0.0;      // the same instant as a day count
+    std::int32_t m_kind = 0;      // calendar kind, 0 = Gregorian
+    double m_longitude = 83.045;  // degrees, positive towards the west
+    double m_latitude = 43.3;     // degrees, positive towards the north
+    double m_sunrise = -1.0;      // result caches; -1.0 = not computed
     double m_sunset = -1.0;
     double m_moonPhase = -1.0;
 };

@@ -31,8 +31,16 @@ CalendarInfo solar_info(bool leap, std::int16_t month) noexcept {
 std::int16_t HebrewMonthsInYear(std::int32_t kind, std::int16_t year) noexcept {
     const auto tested = kind == kCalendarHebrewFlagOne ? static_cast<std::int16_t>(year - 1) : year;
     switch (tested % 19) {
-        case 0: case 3: case 6: case 8: case 11: case 14: case 17: return 13;
-        default: return 12;
+        case 0:
+        case 3:
+        case 6:
+        case 8:
+        case 11:
+        case 14:
+        case 17:
+            return 13;
+        default:
+            return 12;
     }
 }
 

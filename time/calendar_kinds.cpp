@@ -13,20 +13,15 @@ constexpr short kHebrewFlagZero = 0;
 
 // Indexed by kind.
 const CalendarKindConversions kConversions[] = {
-    {[](const tagDATETIME* d) { return GregorianToJDN(d); },
-     [](double x, tagDATETIME* d) { JDNtoGregorian(x, d); }},
-    {[](const tagDATETIME* d) { return JulianToJDN(d); },
-     [](double x, tagDATETIME* d) { JDNtoJulian(x, d); }},
-    {[](const tagDATETIME* d) { return GregorianToJDN(d); },
-     [](double x, tagDATETIME* d) { JDNtoWestern(x, d); }},
+    {[](const tagDATETIME* d) { return GregorianToJDN(d); }, [](double x, tagDATETIME* d) { JDNtoGregorian(x, d); }},
+    {[](const tagDATETIME* d) { return JulianToJDN(d); }, [](double x, tagDATETIME* d) { JDNtoJulian(x, d); }},
+    {[](const tagDATETIME* d) { return GregorianToJDN(d); }, [](double x, tagDATETIME* d) { JDNtoWestern(x, d); }},
     {[](const tagDATETIME* d) { return HebrewToJDN(d, kHebrewFlagOne); },
      [](double x, tagDATETIME* d) { JDNtoHebrew(x, d, kHebrewFlagOne); }},
     {[](const tagDATETIME* d) { return HebrewToJDN(d, kHebrewFlagZero); },
      [](double x, tagDATETIME* d) { JDNtoHebrew(x, d, kHebrewFlagZero); }},
-    {[](const tagDATETIME* d) { return AdamToJDN(d); },
-     [](double x, tagDATETIME* d) { JDNtoAdam(x, d); }},
-    {[](const tagDATETIME* d) { return GenericToJDN(d); },
-     [](double x, tagDATETIME* d) { JDNtoGeneric(x, d); }},
+    {[](const tagDATETIME* d) { return AdamToJDN(d); }, [](double x, tagDATETIME* d) { JDNtoAdam(x, d); }},
+    {[](const tagDATETIME* d) { return GenericToJDN(d); }, [](double x, tagDATETIME* d) { JDNtoGeneric(x, d); }},
 };
 
 }  // namespace

@@ -8,8 +8,16 @@ constexpr std::int32_t kMonthsPerCycle = 235;
 // Negative remainders are never in the set of 13-month positions.
 constexpr std::int32_t months_at_position(std::int32_t position) noexcept {
     switch (position % 19) {
-        case 0: case 3: case 6: case 8: case 11: case 14: case 17: return 13;
-        default: return 12;
+        case 0:
+        case 3:
+        case 6:
+        case 8:
+        case 11:
+        case 14:
+        case 17:
+            return 13;
+        default:
+            return 12;
     }
 }
 

@@ -8,7 +8,7 @@ namespace {
 // on both.
 constexpr double kLunationForCount = 29.5305888531;
 constexpr double kLunationForPlacement = 29.5305888611;
-constexpr double kFirstNewMoon = 5.597661;     // days after 2000-01-01 00:00
+constexpr double kFirstNewMoon = 5.597661;  // days after 2000-01-01 00:00
 constexpr double kQuadraticTerm = 1.02026e-10;
 
 }  // namespace

@@ -22,23 +22,19 @@ constexpr double kPerihelion = 102.9372;
 constexpr double kHalfTurn = 180.0;
 constexpr double kTransitSinM = 0.0053;
 constexpr double kTransitSin2Lambda = 0.0069;
-constexpr double kSinObliquity = 0.3979486313076104;  // sin 23.45 degrees
+constexpr double kSinObliquity = 0.3979486313076104;        // sin 23.45 degrees
 constexpr double kSinRiseAltitude = -0.014485726138606464;  // sin -0.83 degrees
 
 // Whole degrees, keeping the sign of the argument.
-double whole_degrees(double degrees) noexcept {
-    return static_cast<double>(truncate_to_int32(degrees) % 360);
-}
+double whole_degrees(double degrees) noexcept { return static_cast<double>(truncate_to_int32(degrees) % 360); }
 
 }  // namespace
 
-SolarEvents ComputeSolarEvents(double starDate, double newYearNoon, double longitude,
-                               double latitude) noexcept {
+SolarEvents ComputeSolarEvents(double starDate, double newYearNoon, double longitude, double latitude) noexcept {
     constexpr double r = kRadiansPerDegree;
     SolarEvents e{};
     const double longitudeTurns = longitude / kDegreesPerTurn;
-    e.dayCount = static_cast<double>(truncate_to_int32(starDate)) - newYearNoon - kTransitOffset -
-                 longitudeTurns;
+    e.dayCount = static_cast<double>(truncate_to_int32(starDate)) - newYearNoon - kTransitOffset - longitudeTurns;
     // Truncated, not rounded: results depend on it.
     e.dayIndex = static_cast<double>(truncate_to_int32(e.dayCount));
     e.transit = (longitudeTurns + kTransitOffset) + e.dayIndex;
@@ -59,11 +55,9 @@ SolarEvents ComputeSolarEvents(double starDate, double newYearNoon, double longi
     const double sinDeclination = std::sin(declinationRadians);
     const double cosDeclination = std::cos(declinationRadians);
     // Outside [-1, 1] in polar day or night; the not-a-number is passed on.
-    e.hourAngle = std::acos((kSinRiseAltitude - sinLatitude * sinDeclination) /
-                            (cosLatitude * cosDeclination));
+    e.hourAngle = std::acos((kSinRiseAltitude - sinLatitude * sinDeclination) / (cosLatitude * cosDeclination));
     // n* (not n) enters the sunset; stored results depend on it.
-    e.sunset = (e.hourAngle * kDegreesPerRadian + longitude) / kDegreesPerTurn + kSunsetOffset +
-               e.dayCount + a - b;
+    e.sunset = (e.hourAngle * kDegreesPerRadian + longitude) / kDegreesPerTurn + kSunsetOffset + e.dayCount + a - b;
     e.sunrise = e.sunset - (((a + e.transit) - b) - e.dayIndex);
     return e;
 }

@@ -19,5 +19,4 @@ struct SolarEvents {
 // starDate: the instant; newYearNoon: star date of noon on 1 January of the
 // current year (Gregorian rules); longitude positive towards the west,
 // latitude positive towards the north, both in degrees.
-SolarEvents ComputeSolarEvents(double starDate, double newYearNoon, double longitude,
-                               double latitude) noexcept;
+SolarEvents ComputeSolarEvents(double starDate, double newYearNoon, double longitude, double latitude) noexcept;

@@ -24,10 +24,8 @@ struct IntegerParameter {
 // stored parameter sets and their readers depend on that, so the year is
 // never changed by SetParameters.
 constexpr IntegerParameter kIntegerParameters[] = {
-    {L"Day", &tagDATETIME::Day, &tagDATETIME::Day},
-    {L"Month", &tagDATETIME::Month, &tagDATETIME::Month},
-    {L"Year", &tagDATETIME::Year, &tagDATETIME::Month},
-    {L"Hour", &tagDATETIME::Hour, &tagDATETIME::Hour},
+    {L"Day", &tagDATETIME::Day, &tagDATETIME::Day},          {L"Month", &tagDATETIME::Month, &tagDATETIME::Month},
+    {L"Year", &tagDATETIME::Year, &tagDATETIME::Month},      {L"Hour", &tagDATETIME::Hour, &tagDATETIME::Hour},
     {L"Minute", &tagDATETIME::Minute, &tagDATETIME::Minute},
 };
 constexpr wchar_t kSecondParameter[] = L"Second";

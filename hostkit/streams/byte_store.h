@@ -37,7 +37,7 @@ public:
     void Clear() { Assign({}); }
 
 private:
-    std::string bytes_;         // the content, at most kMaxStreamSize bytes
+    std::string bytes_;          // the content, at most kMaxStreamSize bytes
     std::int32_t position_ = 0;  // [0, size()]
 };
 

@@ -1,11 +1,11 @@
 // "DataStream": a memory byte stream; its file form is the raw bytes.
 #include "framework_interfaces.h"
-#include "hostkit/kit_components.h"
-#include "hostkit/streams/byte_store.h"
-#include "hostkit/streams/stream_file.h"
 #include "hostkit/creatable_string.h"
+#include "hostkit/kit_components.h"
 #include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
+#include "hostkit/streams/byte_store.h"
+#include "hostkit/streams/stream_file.h"
 
 namespace kit {
 

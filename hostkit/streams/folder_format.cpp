@@ -37,7 +37,8 @@ public:
         std::string_view bytes;
         if (!Take(4, &bytes)) return false;
         *value = 0;
-        for (int i = 3; i >= 0; --i) *value = (*value << 8) | static_cast<std::uint8_t>(bytes[static_cast<std::size_t>(i)]);
+        for (int i = 3; i >= 0; --i)
+            *value = (*value << 8) | static_cast<std::uint8_t>(bytes[static_cast<std::size_t>(i)]);
         return true;
     }
 

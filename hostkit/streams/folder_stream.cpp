@@ -3,13 +3,13 @@
 #include <string>
 
 #include "framework_interfaces.h"
+#include "hostkit/creatable_string.h"
 #include "hostkit/kit_components.h"
+#include "hostkit/kit_object.h"
+#include "hostkit/kit_text.h"
 #include "hostkit/streams/byte_store.h"
 #include "hostkit/streams/folder_format.h"
 #include "hostkit/streams/stream_file.h"
-#include "hostkit/creatable_string.h"
-#include "hostkit/kit_object.h"
-#include "hostkit/kit_text.h"
 #include "hostkit/streams/stream_results.h"
 
 namespace kit {

@@ -2,12 +2,11 @@
 
 #include <algorithm>
 
+#include "hostkit/creatable_string.h"
 #include "hostkit/kit_components.h"
 #include "hostkit/kit_object.h"
-#include "hostkit/streams/byte_store.h"
-#include "hostkit/creatable_string.h"
-#include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
+#include "hostkit/streams/byte_store.h"
 
 namespace kit::streams {
 
@@ -80,7 +79,8 @@ HRESULT EntryFromVariant(IVariant* variant, ParameterEntry* entry) {
             entry->kind = ParameterKind::kDouble;
             entry->number = variant->GetDouble();
             return S_OK;
-        default: return E_INVALIDARG;
+        default:
+            return E_INVALIDARG;
     }
 }
 
@@ -92,9 +92,15 @@ HRESULT VariantFromEntry(const ParameterEntry& entry, IVariant** out) {
     if (FAILED(hr)) return hr;
     if (!variant) return E_FAIL;
     switch (entry.kind) {
-        case ParameterKind::kEmpty: hr = S_OK; break;
-        case ParameterKind::kInteger: hr = variant->SetInteger(entry.integer); break;
-        case ParameterKind::kDouble: hr = variant->SetDouble(entry.number); break;
+        case ParameterKind::kEmpty:
+            hr = S_OK;
+            break;
+        case ParameterKind::kInteger:
+            hr = variant->SetInteger(entry.integer);
+            break;
+        case ParameterKind::kDouble:
+            hr = variant->SetDouble(entry.number);
+            break;
         case ParameterKind::kText:
             if (entry.text.size() > kMaxStreamSize) return E_OUTOFMEMORY;
             hr = variant->SetText(static_cast<std::int32_t>(entry.text.size()), entry.text.data());

@@ -31,10 +31,16 @@ std::wstring ValueText(const ParameterEntry& entry) {
     char buffer[64];
     std::to_chars_result result{buffer, std::errc{}};
     switch (entry.kind) {
-        case ParameterKind::kEmpty: return {};
-        case ParameterKind::kText: return entry.text;
-        case ParameterKind::kInteger: result = std::to_chars(buffer, buffer + sizeof buffer, entry.integer); break;
-        case ParameterKind::kDouble: result = std::to_chars(buffer, buffer + sizeof buffer, entry.number); break;
+        case ParameterKind::kEmpty:
+            return {};
+        case ParameterKind::kText:
+            return entry.text;
+        case ParameterKind::kInteger:
+            result = std::to_chars(buffer, buffer + sizeof buffer, entry.integer);
+            break;
+        case ParameterKind::kDouble:
+            result = std::to_chars(buffer, buffer + sizeof buffer, entry.number);
+            break;
     }
     return std::wstring(buffer, result.ptr);
 }
@@ -61,10 +67,17 @@ bool ValueFromText(ParameterKind kind, std::wstring_view text, ParameterEntry* e
 std::string ValueBytes(const ParameterEntry& entry) {
     std::string bytes(1, static_cast<char>(entry.kind));
     switch (entry.kind) {
-        case ParameterKind::kEmpty: break;
-        case ParameterKind::kInteger: PutBytes(&entry.integer, sizeof entry.integer, bytes); break;
-        case ParameterKind::kDouble: PutBytes(&entry.number, sizeof entry.number, bytes); break;
-        case ParameterKind::kText: PutBytes(entry.text.data(), entry.text.size() * sizeof(wchar_t), bytes); break;
+        case ParameterKind::kEmpty:
+            break;
+        case ParameterKind::kInteger:
+            PutBytes(&entry.integer, sizeof entry.integer, bytes);
+            break;
+        case ParameterKind::kDouble:
+            PutBytes(&entry.number, sizeof entry.number, bytes);
+            break;
+        case ParameterKind::kText:
+            PutBytes(entry.text.data(), entry.text.size() * sizeof(wchar_t), bytes);
+            break;
     }
     return bytes;
 }
@@ -90,7 +103,8 @@ bool ValueFromBytes(std::string_view bytes, ParameterEntry* entry) {
             entry->text.resize(bytes.size() / sizeof(wchar_t));
             std::memcpy(entry->text.data(), bytes.data(), bytes.size());
             break;
-        default: return false;
+        default:
+            return false;
     }
     entry->kind = kind;
     return true;

@@ -1,14 +1,14 @@
 // "ParametersCreatable": a named collection of parameter values that saves
 // and loads itself through XML and folder streams.
 #include "framework_interfaces.h"
+#include "hostkit/creatable_string.h"
 #include "hostkit/kit_components.h"
+#include "hostkit/kit_object.h"
+#include "hostkit/kit_text.h"
 #include "hostkit/streams/byte_store.h"
 #include "hostkit/streams/parameter_entry.h"
 #include "hostkit/streams/parameters_folder.h"
 #include "hostkit/streams/parameters_xml.h"
-#include "hostkit/creatable_string.h"
-#include "hostkit/kit_object.h"
-#include "hostkit/kit_text.h"
 #include "hostkit/streams/stream_results.h"
 #include "module_interfaces.h"
 
@@ -158,9 +158,7 @@ public:
 private:
     ~ParametersCreatable() override = default;
 
-    bool InRange(std::int32_t index) const {
-        return index >= 0 && static_cast<std::size_t>(index) < entries_.size();
-    }
+    bool InRange(std::int32_t index) const { return index >= 0 && static_cast<std::size_t>(index) < entries_.size(); }
     std::ptrdiff_t Find(std::wstring_view name) const {
         for (std::size_t i = 0; i < entries_.size(); ++i) {
             if (entries_[i].name == name) return static_cast<std::ptrdiff_t>(i);
@@ -173,8 +171,6 @@ private:
 
 }  // namespace
 
-HRESULT CreateParametersCreatable(const IID& iid, void** out) {
-    return CreateObject<ParametersCreatable>(iid, out);
-}
+HRESULT CreateParametersCreatable(const IID& iid, void** out) { return CreateObject<ParametersCreatable>(iid, out); }
 
 }  // namespace kit

@@ -2,12 +2,12 @@
 
 #include <string>
 
-#include "hostkit/streams/byte_store.h"
-#include "hostkit/streams/folder_format.h"
-#include "hostkit/streams/parameter_values.h"
 #include "hostkit/creatable_string.h"
 #include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
+#include "hostkit/streams/byte_store.h"
+#include "hostkit/streams/folder_format.h"
+#include "hostkit/streams/parameter_values.h"
 #include "hostkit/streams/stream_results.h"
 
 namespace kit::streams {

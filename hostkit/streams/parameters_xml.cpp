@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "hostkit/streams/parameter_values.h"
 #include "hostkit/creatable_string.h"
 #include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
+#include "hostkit/streams/parameter_values.h"
 #include "hostkit/streams/stream_results.h"
 #include "hostkit/streams/text_codec.h"
 #include "hostkit/streams/xml_chars.h"
@@ -63,7 +63,7 @@ HRESULT SaveEntry(const ParameterEntry& entry, IXMLStream* stream) {
 class ParametersReader final : public XmlHandler {
 public:
     struct RawEntry {
-        std::string fields[3];  // by field index, UTF-8
+        std::string fields[3];    // by field index, UTF-8
         int seen[3] = {0, 0, 0};  // how often each field element occurred
     };
 
@@ -145,9 +145,12 @@ HRESULT LoadParametersXml(std::wstring_view text, ParameterEntries* entries) {
     if (!AppendUtf8(text, bytes)) return kE_StreamCorrupt;
     ParametersReader reader;
     switch (ScanXml(bytes, XmlMode::kFragment, &reader)) {
-        case XmlScan::kOk: break;
-        case XmlScan::kTruncated: return kE_StreamTruncated;
-        case XmlScan::kCorrupt: return kE_StreamCorrupt;
+        case XmlScan::kOk:
+            break;
+        case XmlScan::kTruncated:
+            return kE_StreamTruncated;
+        case XmlScan::kCorrupt:
+            return kE_StreamCorrupt;
     }
     if (!reader.found()) return kE_NameNotFound;
     ParameterEntries loaded(reader.entries().size());

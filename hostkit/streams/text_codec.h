@@ -9,9 +9,7 @@
 namespace kit::streams {
 
 // A Unicode scalar value: not a surrogate, at most 0x10FFFF.
-constexpr bool IsScalarValue(std::uint32_t code) {
-    return code <= 0x10FFFFu && (code < 0xD800u || code > 0xDFFFu);
-}
+constexpr bool IsScalarValue(std::uint32_t code) { return code <= 0x10FFFFu && (code < 0xD800u || code > 0xDFFFu); }
 
 // Appends the UTF-8 form of one scalar value (caller checked it).
 void AppendCodePoint(std::uint32_t code, std::string& out);

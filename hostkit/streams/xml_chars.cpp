@@ -18,10 +18,9 @@ constexpr CodeRange kXmlChars[] = {
 };
 
 constexpr CodeRange kNameStartChars[] = {
-    {':', ':'},       {'A', 'Z'},       {'_', '_'},       {'a', 'z'},         {0xC0, 0xD6},
-    {0xD8, 0xF6},     {0xF8, 0x2FF},    {0x370, 0x37D},   {0x37F, 0x1FFF},    {0x200C, 0x200D},
-    {0x2070, 0x218F}, {0x2C00, 0x2FEF}, {0x3001, 0xD7FF}, {0xF900, 0xFDCF},   {0xFDF0, 0xFFFD},
-    {0x10000, 0xEFFFF},
+    {':', ':'},       {'A', 'Z'},       {'_', '_'},       {'a', 'z'},         {0xC0, 0xD6},     {0xD8, 0xF6},
+    {0xF8, 0x2FF},    {0x370, 0x37D},   {0x37F, 0x1FFF},  {0x200C, 0x200D},   {0x2070, 0x218F}, {0x2C00, 0x2FEF},
+    {0x3001, 0xD7FF}, {0xF900, 0xFDCF}, {0xFDF0, 0xFFFD}, {0x10000, 0xEFFFF},
 };
 
 // Added to the name-start characters inside a name.
@@ -44,8 +43,7 @@ struct Escape {
     std::string_view reference;
 };
 constexpr Escape kEscapes[] = {
-    {L'&', "&amp;"}, {L'<', "&lt;"}, {L'>', "&gt;"}, {L'"', "&quot;"}, {L'\'', "&apos;"},
-    {L'\r', "&#13;"},
+    {L'&', "&amp;"}, {L'<', "&lt;"}, {L'>', "&gt;"}, {L'"', "&quot;"}, {L'\'', "&apos;"}, {L'\r', "&#13;"},
 };
 
 }  // namespace

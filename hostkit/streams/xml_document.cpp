@@ -9,9 +9,12 @@ namespace {
 
 HRESULT CheckDocument(std::string_view bytes) {
     switch (ScanXml(bytes, XmlMode::kDocument, nullptr)) {
-        case XmlScan::kOk: return S_OK;
-        case XmlScan::kTruncated: return kE_StreamTruncated;
-        case XmlScan::kCorrupt: return kE_StreamCorrupt;
+        case XmlScan::kOk:
+            return S_OK;
+        case XmlScan::kTruncated:
+            return kE_StreamTruncated;
+        case XmlScan::kCorrupt:
+            return kE_StreamCorrupt;
     }
     return kE_StreamCorrupt;
 }

@@ -34,14 +34,17 @@ constexpr std::uint32_t HexDigitValue(char c) {
 
 class Scanner {
 public:
-    Scanner(std::string_view input, XmlMode mode, XmlHandler* handler)
-        : in_(input), mode_(mode), handler_(handler) {}
+    Scanner(std::string_view input, XmlMode mode, XmlHandler* handler) : in_(input), mode_(mode), handler_(handler) {}
 
     XmlScan Run() {
         switch (in_.empty() ? Match::kNo : Next("\xEF\xBB\xBF")) {
-            case Match::kYes: at_ = 3; break;
-            case Match::kNeedMore: return XmlScan::kTruncated;
-            case Match::kNo: break;
+            case Match::kYes:
+                at_ = 3;
+                break;
+            case Match::kNeedMore:
+                return XmlScan::kTruncated;
+            case Match::kNo:
+                break;
         }
         start_ = at_;
         for (;;) {
@@ -80,9 +83,12 @@ private:
             *length = 1;
         } else {
             switch (DecodeCodePoint(in_, at_, code, length)) {
-                case DecodeStep::kOk: break;
-                case DecodeStep::kIncomplete: return XmlScan::kTruncated;
-                case DecodeStep::kInvalid: return XmlScan::kCorrupt;
+                case DecodeStep::kOk:
+                    break;
+                case DecodeStep::kIncomplete:
+                    return XmlScan::kTruncated;
+                case DecodeStep::kInvalid:
+                    return XmlScan::kCorrupt;
             }
         }
         return IsXmlChar(*code) ? XmlScan::kOk : XmlScan::kCorrupt;
@@ -131,9 +137,12 @@ private:
     // A reference at '&', decoded into out.
     XmlScan Reference(std::string& out) {
         switch (Next("&#")) {
-            case Match::kNeedMore: return XmlScan::kTruncated;
-            case Match::kNo: return EntityReference(out);
-            case Match::kYes: break;
+            case Match::kNeedMore:
+                return XmlScan::kTruncated;
+            case Match::kNo:
+                return EntityReference(out);
+            case Match::kYes:
+                break;
         }
         at_ += 2;
         if (AtEnd()) return XmlScan::kTruncated;
@@ -194,10 +203,14 @@ private:
     XmlScan Markup() {
         if (at_ + 1 >= in_.size()) return XmlScan::kTruncated;
         switch (in_[at_ + 1]) {
-            case '/': return EndTag();
-            case '?': return ProcessingInstruction();
-            case '!': break;
-            default: return StartTag();
+            case '/':
+                return EndTag();
+            case '?':
+                return ProcessingInstruction();
+            case '!':
+                break;
+            default:
+                return StartTag();
         }
         const Match comment = Next("<!--");
         if (comment == Match::kYes) return Comment();
@@ -289,11 +302,13 @@ private:
         at_ += 4;
         for (;;) {
             switch (Next("--")) {
-                case Match::kNeedMore: return XmlScan::kTruncated;
+                case Match::kNeedMore:
+                    return XmlScan::kTruncated;
                 case Match::kYes:
                     at_ += 2;
                     return Expect('>');  // "--" may only close a comment
-                case Match::kNo: break;
+                case Match::kNo:
+                    break;
             }
             const XmlScan step = TakeChar(nullptr);
             if (step != XmlScan::kOk) return step;
@@ -305,12 +320,14 @@ private:
         text_.clear();
         for (;;) {
             switch (Next("]]>")) {
-                case Match::kNeedMore: return XmlScan::kTruncated;
+                case Match::kNeedMore:
+                    return XmlScan::kTruncated;
                 case Match::kYes:
                     at_ += 3;
                     if (handler_ && !text_.empty()) handler_->Text(text_);
                     return XmlScan::kOk;
-                case Match::kNo: break;
+                case Match::kNo:
+                    break;
             }
             const XmlScan step = TakeChar(&text_);
             if (step != XmlScan::kOk) return step;
@@ -325,8 +342,8 @@ private:
         std::string_view target;
         XmlScan step = Name(&target);
         if (step != XmlScan::kOk) return step;
-        const bool declaration = target.size() == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' &&
-                                 (target[2] | 0x20) == 'l';
+        const bool declaration =
+            target.size() == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' && (target[2] | 0x20) == 'l';
         if (declaration && (!at_start || target != "xml")) return XmlScan::kCorrupt;
         if (!declaration && Next("?>") == Match::kYes) {
             at_ += 2;
@@ -335,16 +352,23 @@ private:
         if (SkipSpace() == 0) return AtEnd() ? XmlScan::kTruncated : XmlScan::kCorrupt;
         if (declaration) {
             switch (Next("version")) {
-                case Match::kNeedMore: return XmlScan::kTruncated;
-                case Match::kNo: return XmlScan::kCorrupt;
-                case Match::kYes: break;
+                case Match::kNeedMore:
+                    return XmlScan::kTruncated;
+                case Match::kNo:
+                    return XmlScan::kCorrupt;
+                case Match::kYes:
+                    break;
             }
         }
         for (;;) {
             switch (Next("?>")) {
-                case Match::kNeedMore: return XmlScan::kTruncated;
-                case Match::kYes: at_ += 2; return XmlScan::kOk;
-                case Match::kNo: break;
+                case Match::kNeedMore:
+                    return XmlScan::kTruncated;
+                case Match::kYes:
+                    at_ += 2;
+                    return XmlScan::kOk;
+                case Match::kNo:
+                    break;
             }
             step = TakeChar(nullptr);
             if (step != XmlScan::kOk) return step;
@@ -352,8 +376,8 @@ private:
     }
 
     std::string_view in_;
-    std::size_t at_ = 0;      // [0, in_.size()]
-    std::size_t start_ = 0;   // first byte after a byte order mark
+    std::size_t at_ = 0;     // [0, in_.size()]
+    std::size_t start_ = 0;  // first byte after a byte order mark
     XmlMode mode_;
     XmlHandler* handler_;
     bool root_done_ = false;
@@ -365,8 +389,6 @@ private:
 
 }  // namespace
 
-XmlScan ScanXml(std::string_view text, XmlMode mode, XmlHandler* handler) {
-    return Scanner(text, mode, handler).Run();
-}
+XmlScan ScanXml(std::string_view text, XmlMode mode, XmlHandler* handler) { return Scanner(text, mode, handler).Run(); }
 
 }  // namespace kit::streams

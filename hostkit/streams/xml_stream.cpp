@@ -3,12 +3,12 @@
 #include <string>
 
 #include "framework_interfaces.h"
-#include "hostkit/kit_components.h"
-#include "hostkit/streams/byte_store.h"
-#include "hostkit/streams/stream_file.h"
 #include "hostkit/creatable_string.h"
+#include "hostkit/kit_components.h"
 #include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
+#include "hostkit/streams/byte_store.h"
+#include "hostkit/streams/stream_file.h"
 #include "hostkit/streams/stream_results.h"
 #include "hostkit/streams/text_codec.h"
 #include "hostkit/streams/xml_builder.h"

@@ -48,7 +48,9 @@ Totals Now() { return {gAllocations.load(), gLiveBytes.load()}; }
 
 ALLOC_EXPORT void* operator new(std::size_t size) { return alloc_count::AllocateOrThrow(size); }
 ALLOC_EXPORT void* operator new[](std::size_t size) { return alloc_count::AllocateOrThrow(size); }
-ALLOC_EXPORT void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return alloc_count::Allocate(size); }
+ALLOC_EXPORT void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return alloc_count::Allocate(size);
+}
 ALLOC_EXPORT void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
     return alloc_count::Allocate(size);
 }

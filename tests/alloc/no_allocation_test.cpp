@@ -20,35 +20,88 @@ struct Operation {
 
 std::vector<Operation> TimeOperations() {
     return {
-        {"GetDate", [](ITime* t) { short d, m, y; t->GetDate(&d, &m, &y); }},
-        {"GetTime", [](ITime* t) { short h, m; double s; t->GetTime(&h, &m, &s); }},
+        {"GetDate",
+         [](ITime* t) {
+             short d, m, y;
+             t->GetDate(&d, &m, &y);
+         }},
+        {"GetTime",
+         [](ITime* t) {
+             short h, m;
+             double s;
+             t->GetTime(&h, &m, &s);
+         }},
         {"SetDate", [](ITime* t) { t->SetDate(400, 1, 2023); }},
         {"SetDate negative month", [](ITime* t) { t->SetDate(10, -1, 2024); }},
         {"SetTime", [](ITime* t) { t->SetTime(25, 99, 75.0); }},
         {"Reset utc", [](ITime* t) { t->Reset(1); }},
         {"Reset local", [](ITime* t) { t->Reset(0); }},
-        {"GetElapsedTime utc", [](ITime* t) { double s; t->GetElapsedTime(&s, 1); }},
-        {"GetElapsedTime local", [](ITime* t) { double s; t->GetElapsedTime(&s, 0); }},
+        {"GetElapsedTime utc",
+         [](ITime* t) {
+             double s;
+             t->GetElapsedTime(&s, 1);
+         }},
+        {"GetElapsedTime local",
+         [](ITime* t) {
+             double s;
+             t->GetElapsedTime(&s, 0);
+         }},
         {"GetDayOfWeek", [](ITime* t) { t->GetDayOfWeek(); }},
-        {"GetInfo", [](ITime* t) { short a, b, c, d; t->GetInfo(&a, &b, &c, &d); }},
+        {"GetInfo",
+         [](ITime* t) {
+             short a, b, c, d;
+             t->GetInfo(&a, &b, &c, &d);
+         }},
         {"GetCalendarDays", [](ITime* t) { t->GetCalendarDays(); }},
         {"SetCalendarDays", [](ITime* t) { t->SetCalendarDays(739060.0); }},
         {"put_StarDate", [](ITime* t) { t->put_StarDate(0, 739060.25); }},
         {"put_StarDate julian date", [](ITime* t) { t->put_StarDate(1, 2451544.5); }},
-        {"get_StarDate", [](ITime* t) { double v; t->get_StarDate(0, &v); }},
-        {"get_StarDate julian date", [](ITime* t) { double v; t->get_StarDate(1, &v); }},
+        {"get_StarDate",
+         [](ITime* t) {
+             double v;
+             t->get_StarDate(0, &v);
+         }},
+        {"get_StarDate julian date",
+         [](ITime* t) {
+             double v;
+             t->get_StarDate(1, &v);
+         }},
         {"UpdateStarDate", [](ITime* t) { t->UpdateStarDate(); }},
         {"put_Calendar", [](ITime* t) { t->put_Calendar(t->get_Calendar()); }},
         {"get_Calendar", [](ITime* t) { t->get_Calendar(); }},
         {"put_LinuxTime", [](ITime* t) { t->put_LinuxTime(86400.0); }},
-        {"get_LinuxTime", [](ITime* t) { double s; t->get_LinuxTime(&s); }},
-        {"get_SunTimes", [](ITime* t) { double r, s; t->get_SunTimes(&r, &s); }},
-        {"get_MoonPhase", [](ITime* t) { float p; t->get_MoonPhase(&p); }},
+        {"get_LinuxTime",
+         [](ITime* t) {
+             double s;
+             t->get_LinuxTime(&s);
+         }},
+        {"get_SunTimes",
+         [](ITime* t) {
+             double r, s;
+             t->get_SunTimes(&r, &s);
+         }},
+        {"get_MoonPhase",
+         [](ITime* t) {
+             float p;
+             t->get_MoonPhase(&p);
+         }},
         {"put_location", [](ITime* t) { t->put_location(10.0, 20.0); }},
-        {"get_location", [](ITime* t) { double a, b; t->get_location(&a, &b); }},
+        {"get_location",
+         [](ITime* t) {
+             double a, b;
+             t->get_location(&a, &b);
+         }},
         {"put_GMTOffset", [](ITime* t) { t->put_GMTOffset(2.0); }},
-        {"get_GMTOffset", [](ITime* t) { double o = 0.0; t->get_GMTOffset(&o); }},
-        {"AddRef and Release", [](ITime* t) { t->AddRef(); t->Release(); }},
+        {"get_GMTOffset",
+         [](ITime* t) {
+             double o = 0.0;
+             t->get_GMTOffset(&o);
+         }},
+        {"AddRef and Release",
+         [](ITime* t) {
+             t->AddRef();
+             t->Release();
+         }},
     };
 }
 

@@ -110,9 +110,9 @@ TEST(DifferentialHebrew, EveryDayOf1800To2200WithFlag0) {
     for (date::sys_days day = first; day <= last; day += date::days{1}) {
         const date::year_month_day civil{day};
         const long number = DayNumberOf(day);
-        const int julianDay = hdate_gdate_to_jd(static_cast<int>(static_cast<unsigned>(civil.day())),
-                                                static_cast<int>(static_cast<unsigned>(civil.month())),
-                                                static_cast<int>(civil.year()));
+        const int julianDay =
+            hdate_gdate_to_jd(static_cast<int>(static_cast<unsigned>(civil.day())),
+                              static_cast<int>(static_cast<unsigned>(civil.month())), static_cast<int>(civil.year()));
         ASSERT_EQ(julianDay, number + kJulianDayShift);
         int peerDay = 0, peerMonth = 0, peerYear = 0, tishri = 0, nextTishri = 0;
         hdate_jd_to_hdate(julianDay, &peerDay, &peerMonth, &peerYear, &tishri, &nextTishri);

@@ -29,8 +29,7 @@ protected:
         file_ = folder_ + "/registry.ini";
         setenv("CALENDAR_REGISTRY", file_.c_str(), 1);
         collection_ = LoadModule("CollectionsEx")
-                          .Create<IComponentCollection>(L"GlobalComponentCollection",
-                                                        HostIID("IComponentCollection"));
+                          .Create<IComponentCollection>(L"GlobalComponentCollection", HostIID("IComponentCollection"));
         ASSERT_TRUE(collection_);
         InitializeModule(nullptr, collection_.get());
     }
@@ -78,12 +77,9 @@ struct ValueRow {
 
 // 1 January 2000 has the Gregorian elapsed count 730120.
 const ValueRow kValues[] = {
-    {"one", L"1", 0.0, 730120.0},
-    {"none", nullptr, -1.0, 730119.0},
-    {"empty", L"", -1.0, 730119.0},
-    {"sign, fraction and trailing text", L"+12.5abc", 11.5, 730131.5},
-    {"negative", L"-3", -4.0, 730116.0},
-    {"hash integer", L"#1F", 30.0, 730150.0},
+    {"one", L"1", 0.0, 730120.0},          {"none", nullptr, -1.0, 730119.0},
+    {"empty", L"", -1.0, 730119.0},        {"sign, fraction and trailing text", L"+12.5abc", 11.5, 730131.5},
+    {"negative", L"-3", -4.0, 730116.0},   {"hash integer", L"#1F", 30.0, 730150.0},
     {"no digits", L"abc", -1.0, 730119.0},
 };
 

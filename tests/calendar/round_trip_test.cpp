@@ -97,9 +97,9 @@ TEST(RoundTripGregorian, BcDateWithTimeOfDayComesBackOnItsDay) {
 }
 
 TEST(RoundTripGregorian, BcFirstOfJanuaryClasses) {
-    int dayZero = 0;               // the documented one day earlier, as day 0 of January
+    int dayZero = 0;                // the documented one day earlier, as day 0 of January
     int thirtiethOfYearBefore = 0;  // complement year is a leap year: two days earlier
-    int dayMinusOne = 0;           // years -100, -200 ...: day -1 of January
+    int dayMinusOne = 0;            // years -100, -200 ...: day -1 of January
     for (int year = -32767; year <= -1; ++year) {
         const Ymd back = RoundTrip(kGregorian, Ymd{year, 1, 1});
         if (back == Ymd{year, 1, 0}) {
@@ -140,8 +140,8 @@ TEST(RoundTripJulian, BcDatesByComplementYear) {
 TEST(RoundTripJulian, BcYearEndClasses) {
     int firstToSameYearEnd = 0;  // 1 January of years -1, -5 ...: day 0 repaired to 31 December
     int firstUnchanged = 0;
-    int lastToNextYear = 0;      // 31 December of the other years: 31 December of the year after
-    int lastOneDayEarly = 0;     // 31 December of years -1, -5 ...
+    int lastToNextYear = 0;   // 31 December of the other years: 31 December of the year after
+    int lastOneDayEarly = 0;  // 31 December of years -1, -5 ...
     for (int year = -32767; year <= -1; ++year) {
         const bool shifted = cal::JulianLeap(LayoutYear(year));
         const Ymd first = RoundTrip(kJulian, Ymd{year, 1, 1});

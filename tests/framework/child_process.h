@@ -6,9 +6,9 @@
 #include <string>
 
 struct ChildOutcome {
-    int exitCode = -1;     // 128 + signal number when the child was killed
-    std::string output;    // what the child wrote to standard output
-    std::string report;    // what the scenario returned
+    int exitCode = -1;   // 128 + signal number when the child was killed
+    std::string output;  // what the child wrote to standard output
+    std::string report;  // what the scenario returned
 };
 
 // The scenario runs in a child process with standard output captured; the

@@ -151,14 +151,10 @@ TEST(GetLineRight, TailAfterLastDelimiter) {
 
 TEST(Crop, TailAfterLastDelimiterWithoutFallback) {
     const TailCase cases[] = {
-        {L"a.b.c", true, false, false, S_OK, L"3:.c", L"0:a.b."},
-        {L"a.b.c", true, true, false, S_OK, L"4:c", L"0:a.b"},
-        {L"a.b", false, false, false, S_OK, L"1:.b", L"0:a.b"},
-        {L"a.b", false, true, false, S_OK, L"2:b", L"0:a.b"},
-        {L".ab", true, false, false, S_OK, L"0:.ab", L"0:."},
-        {L".ab", true, true, false, S_OK, L"1:ab", L"0:"},
-        {L"abc", true, false, false, E_FAIL, L"S:", L"0:abc"},
-        {L"", true, true, false, E_FAIL, L"S:", L"0:"},
+        {L"a.b.c", true, false, false, S_OK, L"3:.c", L"0:a.b."}, {L"a.b.c", true, true, false, S_OK, L"4:c", L"0:a.b"},
+        {L"a.b", false, false, false, S_OK, L"1:.b", L"0:a.b"},   {L"a.b", false, true, false, S_OK, L"2:b", L"0:a.b"},
+        {L".ab", true, false, false, S_OK, L"0:.ab", L"0:."},     {L".ab", true, true, false, S_OK, L"1:ab", L"0:"},
+        {L"abc", true, false, false, E_FAIL, L"S:", L"0:abc"},    {L"", true, true, false, E_FAIL, L"S:", L"0:"},
     };
     for (const TailCase& c : cases) {
         SCOPED_TRACE(testing::Message() << "text '" << c.text << "' cut " << c.cut << " skip " << c.skip);

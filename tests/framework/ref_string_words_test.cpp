@@ -116,12 +116,9 @@ TEST(GetFirstWord, WithoutOutTheFollowingQuoteStays) {
 
 TEST(GetWord, FrontTextUpToFirstDelimiter) {
     const WordCase cases[] = {
-        {L"ab,cd", true, 3, L"0:ab", L"2:,cd"},
-        {L"ab;cd", false, 3, L"0:ab", L"0:ab;cd"},
-        {L",x", true, 1, L"0:", L"0:,x"},
-        {L"abcd", true, 0, L"0:abcd", L"4:"},
-        {L"abcd", false, 0, L"0:abcd", L"0:abcd"},
-        {L"", true, E_FAIL, L"S:", L"0:"},
+        {L"ab,cd", true, 3, L"0:ab", L"2:,cd"},    {L"ab;cd", false, 3, L"0:ab", L"0:ab;cd"},
+        {L",x", true, 1, L"0:", L"0:,x"},          {L"abcd", true, 0, L"0:abcd", L"4:"},
+        {L"abcd", false, 0, L"0:abcd", L"0:abcd"}, {L"", true, E_FAIL, L"S:", L"0:"},
     };
     for (const WordCase& c : cases) {
         SCOPED_TRACE(testing::Message() << "text '" << c.text << "' advance " << c.advance);
@@ -175,7 +172,7 @@ TEST(Contains, PositionOfPattern) {
 
 TEST(ContainsChar, IndexOfFirstCharacterInSet) {
     const SearchCase cases[] = {
-        {L"hello", L"lo", 2}, {L"hello", L"h", 0}, {L"hello", L"zo", 4},
+        {L"hello", L"lo", 2},     {L"hello", L"h", 0},     {L"hello", L"zo", 4},
         {L"hello", L"z", E_FAIL}, {L"hello", L"", E_FAIL}, {L"", L"a", E_FAIL},
     };
     for (const SearchCase& c : cases) {

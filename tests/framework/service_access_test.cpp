@@ -97,9 +97,7 @@ public:
     }
     std::int32_t AddRef() override { return ++references; }
     std::int32_t Release() override { return --references; }
-    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override {
-        return E_NOTIMPL;
-    }
+    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
     HRESULT GetComponentCount(std::int32_t*) override { return E_NOTIMPL; }
     HRESULT Unused3() override { return E_NOTIMPL; }
     HRESULT Unused4() override { return E_NOTIMPL; }
@@ -202,8 +200,8 @@ TEST(ServiceAccess, LooksUpOnceThenUsesCachedDescriptor) {
     // Names not registered are loaded from the services module; "Variant"
     // comes from the collection's descriptor, whose parts stay as they are.
     // IVCreate makes a third variant; the cache holds the one reference.
-    EXPECT_EQ(outcome.report, std::string(kWorkingServices) +
-                                  "lookups=CreatableString,Variant,SuperCollection\n" + kWorkingServices +
+    EXPECT_EQ(outcome.report, std::string(kWorkingServices) + "lookups=CreatableString,Variant,SuperCollection\n" +
+                                  kWorkingServices +
                                   "lookups=CreatableString,Variant,SuperCollection\n"
                                   "instances=4 variant=1 parts=0 references=1\n");
     EXPECT_EQ(outcome.output, "");

@@ -50,8 +50,8 @@ struct DecimalsCase {
 
 TEST(AutomaticDecimals, GrowsUntilNoFractionRemainsCappedAtNine) {
     const DecimalsCase cases[] = {
-        {2.5, 1}, {-2.5, 1}, {7.0, 0}, {0.0, 0}, {0.125, 3}, {0.1, 1},
-        {1.0 / 3.0, 9}, {2.0 / 3.0, 9}, {1e-9, 0}, {3.14159, 5},
+        {2.5, 1}, {-2.5, 1},      {7.0, 0},       {0.0, 0},  {0.125, 3},
+        {0.1, 1}, {1.0 / 3.0, 9}, {2.0 / 3.0, 9}, {1e-9, 0}, {3.14159, 5},
     };
     for (const DecimalsCase& c : cases) {
         SCOPED_TRACE(testing::Message() << "value " << c.value);

@@ -17,8 +17,8 @@ inline CREFString Sentinel() { return CREFString(kSentinelText, 8); }
 inline CREFString View(const wchar_t* text) { return CREFString(text, static_cast<int>(std::wcslen(text))); }
 
 inline std::wstring Describe(const tagREFString& view, const wchar_t* base) {
-    const std::wstring characters = view.length > 0 ? std::wstring(view.string, static_cast<std::size_t>(view.length))
-                                                    : std::wstring();
+    const std::wstring characters =
+        view.length > 0 ? std::wstring(view.string, static_cast<std::size_t>(view.length)) : std::wstring();
     const auto at = reinterpret_cast<std::uintptr_t>(view.string);
     const auto begin = reinterpret_cast<std::uintptr_t>(base);
     const auto end = reinterpret_cast<std::uintptr_t>(base + std::wcslen(base));

@@ -49,9 +49,16 @@ TEST(GlobalComponentCollection, StartsWithTheTenKitComponents) {
 }
 
 TEST(GlobalComponentCollection, DescribesEveryKitComponentUnderCollections) {
-    const wchar_t* const names[] = {L"GlobalComponentCollection", L"ComponentString", L"CreatableString",
-                                    L"Variant", L"SuperCollection", L"Registry", L"DataStream",
-                                    L"XMLStream", L"FolderStream", L"ParametersCreatable"};
+    const wchar_t* const names[] = {L"GlobalComponentCollection",
+                                    L"ComponentString",
+                                    L"CreatableString",
+                                    L"Variant",
+                                    L"SuperCollection",
+                                    L"Registry",
+                                    L"DataStream",
+                                    L"XMLStream",
+                                    L"FolderStream",
+                                    L"ParametersCreatable"};
     SmartPtr<IComponentCollection> collection = NewCollection();
     for (const wchar_t* name : names) {
         SmartPtr<IComponentString> descriptor = Describe(collection.get(), name);

@@ -145,11 +145,11 @@ struct LoadFailureCase {
 
 TEST(ComponentString, LoadFailuresGiveCodes) {
     const LoadFailureCase cases[] = {
-        {L"NoSuchLibrary", L"Probe", E_FAIL},   // no file
-        {L"KitProbeBare", L"Probe", E_FAIL},    // no CreateFunction
-        {L"KitProbe", L"Other", E_FAIL},        // component not served
-        {L"KitProbe", L"", E_INVALIDARG},       // no class name
-        {L"", L"Probe", E_INVALIDARG},          // no library name
+        {L"NoSuchLibrary", L"Probe", E_FAIL},  // no file
+        {L"KitProbeBare", L"Probe", E_FAIL},   // no CreateFunction
+        {L"KitProbe", L"Other", E_FAIL},       // component not served
+        {L"KitProbe", L"", E_INVALIDARG},      // no class name
+        {L"", L"Probe", E_INVALIDARG},         // no library name
     };
     for (const LoadFailureCase& c : cases) {
         SmartPtr<IComponentString> descriptor = NewDescriptor(c.library, c.component);

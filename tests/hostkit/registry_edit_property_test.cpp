@@ -14,8 +14,8 @@ using kit::RegistryEdit;
 using kit::RegistryStatus;
 
 // Pieces that exercise every rule of the format, including broken ones.
-const std::string_view kPieces[] = {"[", "]", "=", "\\", "\\s", "\\n", "\n", "\r\n", "#", ";", " ", "\t",
-                                    "a", "K", "S", "[S]\n", "[]\n", "K=1\n", "a = b\n", "\xC3\xBC", "\xFF"};
+const std::string_view kPieces[] = {"[",  "]", "=", "\\", "\\s",   "\\n",  "\n",    "\r\n",    "#",        ";",   " ",
+                                    "\t", "a", "K", "S",  "[S]\n", "[]\n", "K=1\n", "a = b\n", "\xC3\xBC", "\xFF"};
 const std::string_view kNames[] = {"", "S", "a", "K", "a b", "\xC3\xBC"};
 const std::string_view kValues[] = {"", "1", " x", "a\\b", "\n", "#1F", "\t", "x y "};
 

@@ -92,7 +92,7 @@ TEST(IsWritableKey, RejectsKeysTheFormatCannotExpress) {
     EXPECT_TRUE(kit::IsWritableKey("SDAdam"));
     EXPECT_TRUE(kit::IsWritableKey("two words"));
     EXPECT_TRUE(kit::IsWritableKey("a]#;"));
-    const std::string_view bad_keys[] = {"",  " lead", "\tlead", "trail ", "trail\t", "#c",
+    const std::string_view bad_keys[] = {"",   " lead", "\tlead", "trail ", "trail\t", "#c",
                                          ";c", "[s",    "a=b",    "a\nb",   "a\rb",    std::string_view("a\0b", 3)};
     for (const std::string_view bad : bad_keys) {
         EXPECT_FALSE(kit::IsWritableKey(bad)) << bad;
@@ -166,9 +166,9 @@ TEST(FindRegistryValue, AnyMalformedLineMakesTheWholeFileMalformed) {
         "[Calendar\nSDAdam=1\n",
         "[Calendar]\nSDAdam=1\nother=bad\\escape\n",
         "[Calendar]\n=1\n",
-        "[Calendar]\nSDAdam=\xFF\n",              // not UTF-8
-        "[Calendar]\nSDAdam=\xC0\x80\n",          // overlong form
-        "[Calendar]\nSDAdam=\xED\xA0\x80\n",      // surrogate
+        "[Calendar]\nSDAdam=\xFF\n",          // not UTF-8
+        "[Calendar]\nSDAdam=\xC0\x80\n",      // overlong form
+        "[Calendar]\nSDAdam=\xED\xA0\x80\n",  // surrogate
         std::string_view("[Calendar]\nSDAdam=1\0\n", 20),
     };
     for (const std::string_view file : malformed) {
@@ -234,8 +234,7 @@ TEST(EditRegistry, SetsAndRemovesKeepingEverythingElse) {
     for (const EditCase& c : cases) {
         std::string value = c.value ? c.value : "";
         std::string edited = "untouched";
-        EXPECT_EQ(kit::EditRegistry(c.file, c.section, c.key, c.value ? &value : nullptr, &edited), c.result)
-            << c.what;
+        EXPECT_EQ(kit::EditRegistry(c.file, c.section, c.key, c.value ? &value : nullptr, &edited), c.result) << c.what;
         if (c.result == RegistryEdit::kEdited) {
             EXPECT_EQ(edited, c.edited) << c.what;
             std::string back;

@@ -207,8 +207,9 @@ TEST_F(RegistryTest, NullValueRemovesTheKey) {
 TEST_F(RegistryTest, EveryTextSurvivesARoundTrip) {
     const fs::path file = folder_ / "registry.ini";
     SmartPtr<IRegistry> registry = Open(file);
-    const wchar_t* const values[] = {L"", L"  5", L"5 ", L"a\\b", L"line\nbreak", L"\tx", L"#1F", L"; not a comment",
-                                     L"\u00FC\u20AC\U0001F600", L"[x]"};
+    const wchar_t* const values[] = {
+        L"",   L"  5", L"5 ", L"a\\b", L"line\nbreak", L"\tx", L"#1F", L"; not a comment", L"\u00FC\u20AC\U0001F600",
+        L"[x]"};
     for (const wchar_t* value : values) {
         EXPECT_EQ(Set(registry.get(), L"Sekti\u00F6n", L"Key \u05D0", value), S_OK);
         SmartPtr<IRegistry> fresh = Open(file);

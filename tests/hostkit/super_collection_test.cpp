@@ -107,8 +107,8 @@ TEST(SuperCollection, FindNameComparesExactlyAndFindsTheFirst) {
         std::int32_t index;
     };
     const Case cases[] = {
-        {L"Day", S_OK, 0},     {L"Month", S_OK, 1}, {L"Year", S_OK, 2},  {L"day", E_FAIL, -1},
-        {L"Mon", E_FAIL, -1},  {L"Days", E_FAIL, -1}, {L"", E_FAIL, -1},
+        {L"Day", S_OK, 0},    {L"Month", S_OK, 1},   {L"Year", S_OK, 2}, {L"day", E_FAIL, -1},
+        {L"Mon", E_FAIL, -1}, {L"Days", E_FAIL, -1}, {L"", E_FAIL, -1},
     };
     for (const Case& c : cases) {
         SmartPtr<IString> name = NewText(c.name);

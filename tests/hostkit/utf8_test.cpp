@@ -50,9 +50,13 @@ TEST(Utf8, StrictDecodingRejectsIllFormedSequences) {
 }
 
 TEST(Utf8, LenientDecodingReplacesEachBadByte) {
-    EXPECT_EQ(kit::DecodeUtf8Lenient("a\xFF" "b"), L"a\uFFFDb");
+    EXPECT_EQ(kit::DecodeUtf8Lenient("a\xFF"
+                                     "b"),
+              L"a\uFFFDb");
     EXPECT_EQ(kit::DecodeUtf8Lenient("\xC3"), L"\uFFFD");
-    EXPECT_EQ(kit::DecodeUtf8Lenient("\xE2\x82" "x"), L"\uFFFD\uFFFDx");
+    EXPECT_EQ(kit::DecodeUtf8Lenient("\xE2\x82"
+                                     "x"),
+              L"\uFFFD\uFFFDx");
     EXPECT_EQ(kit::DecodeUtf8Lenient("/home/\xC3\xBC"), L"/home/\u00FC");
 }
 

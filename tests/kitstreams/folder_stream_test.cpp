@@ -39,7 +39,9 @@ const std::string_view kDayFile{
     "\x01\x00\x00\x00"  // value count
     "\x02\x00\x00\x00"  // byte area length
     "\x03\x00\x00\x00"  // name length in code units
-    "D\x00\x00\x00" "a\x00\x00\x00" "y\x00\x00\x00"
+    "D\x00\x00\x00"
+    "a\x00\x00\x00"
+    "y\x00\x00\x00"
     "\x02\x00\x00\x00"  // data length
     "\x05\x00"
     "ok"

@@ -78,8 +78,12 @@ std::wstring Describe(INamedCollection* collection) {
             continue;
         }
         switch (value->GetType()) {
-            case kVariantEmpty: description += L"empty;"; break;
-            case kVariantInteger: description += L"integer:" + std::to_wstring(value->GetInteger()) + L";"; break;
+            case kVariantEmpty:
+                description += L"empty;";
+                break;
+            case kVariantInteger:
+                description += L"integer:" + std::to_wstring(value->GetInteger()) + L";";
+                break;
             case kVariantDouble: {
                 const double number = value->GetDouble();
                 std::uint64_t bits = 0;
@@ -87,7 +91,8 @@ std::wstring Describe(INamedCollection* collection) {
                 description += L"double:" + std::to_wstring(bits) + L";";
                 break;
             }
-            default: description += L"other;";
+            default:
+                description += L"other;";
         }
     }
     return description;
@@ -302,9 +307,11 @@ TEST(ParametersCreatable, FolderFormIsOneKindedValuePerEntry) {
     folder->GetValueCount(&count);
     EXPECT_EQ(count, 4);
     EXPECT_EQ(FolderValue(folder.get(), L"Parameter:Day"), std::string("\x01\x05\x00\x00\x00", 5));
-    EXPECT_EQ(FolderValue(folder.get(), L"Parameter:Second"),
-              std::string("\x02\x00\x00\x00\x00\x00\x80\x3E\x40", 9));
-    EXPECT_EQ(FolderValue(folder.get(), L"Parameter:Note"), std::string("\x03" "a\x00\x00\x00" "b\x00\x00\x00", 9));
+    EXPECT_EQ(FolderValue(folder.get(), L"Parameter:Second"), std::string("\x02\x00\x00\x00\x00\x00\x80\x3E\x40", 9));
+    EXPECT_EQ(FolderValue(folder.get(), L"Parameter:Note"), std::string("\x03"
+                                                                        "a\x00\x00\x00"
+                                                                        "b\x00\x00\x00",
+                                                                        9));
     EXPECT_EQ(FolderValue(folder.get(), L"Parameter:None"), std::string("\x00", 1));
 }
 
@@ -348,20 +355,22 @@ const BadParametersText kBadParametersTexts[] = {
     {"cut short", L"<Parameters><Parameter><Name>Day</Name>", kTruncated},
     {"unknown type", L"<Parameters><Parameter><Name>D</Name><Type>date</Type><Value>1</Value></Parameter></Parameters>",
      kCorrupt},
-    {"integer with a tail", L"<Parameters><Parameter><Name>D</Name><Type>integer</Type><Value>5x</Value></Parameter></Parameters>",
-     kCorrupt},
+    {"integer with a tail",
+     L"<Parameters><Parameter><Name>D</Name><Type>integer</Type><Value>5x</Value></Parameter></Parameters>", kCorrupt},
     {"integer out of range",
      L"<Parameters><Parameter><Name>D</Name><Type>integer</Type><Value>2147483648</Value></Parameter></Parameters>",
      kCorrupt},
-    {"double with a space", L"<Parameters><Parameter><Name>D</Name><Type>double</Type><Value> 1.5</Value></Parameter></Parameters>",
-     kCorrupt},
+    {"double with a space",
+     L"<Parameters><Parameter><Name>D</Name><Type>double</Type><Value> 1.5</Value></Parameter></Parameters>", kCorrupt},
     {"missing name", L"<Parameters><Parameter><Type>integer</Type><Value>1</Value></Parameter></Parameters>", kCorrupt},
     {"empty name", L"<Parameters><Parameter><Name></Name><Type>integer</Type><Value>1</Value></Parameter></Parameters>",
      kCorrupt},
-    {"two values", L"<Parameters><Parameter><Name>D</Name><Type>integer</Type><Value>1</Value><Value>2</Value></Parameter></Parameters>",
+    {"two values",
+     L"<Parameters><Parameter><Name>D</Name><Type>integer</Type><Value>1</Value><Value>2</Value></Parameter></"
+     L"Parameters>",
      kCorrupt},
-    {"empty kind with a value", L"<Parameters><Parameter><Name>D</Name><Type>empty</Type><Value>1</Value></Parameter></Parameters>",
-     kCorrupt},
+    {"empty kind with a value",
+     L"<Parameters><Parameter><Name>D</Name><Type>empty</Type><Value>1</Value></Parameter></Parameters>", kCorrupt},
     {"repeated name",
      L"<Parameters><Parameter><Name>D</Name><Type>text</Type><Value></Value></Parameter>"
      L"<Parameter><Name>D</Name><Type>text</Type><Value></Value></Parameter></Parameters>",
@@ -385,8 +394,10 @@ TEST(ParametersCreatable, BadFolderValuesFailAndKeepTheEntries) {
         std::string_view("\x09\x01\x00\x00\x00", 5),  // unknown kind
         std::string_view("\x01\x01\x00\x00", 4),      // integer too short
         std::string_view("\x02\x00", 2),              // double too short
-        std::string_view("\x03" "ab", 3),             // text not whole code units
-        std::string_view("\x00\x00", 2),              // empty kind with payload
+        std::string_view("\x03"
+                         "ab",
+                         3),              // text not whole code units
+        std::string_view("\x00\x00", 2),  // empty kind with payload
     };
     for (const std::string_view bytes : bad_values) {
         SmartPtr<IDataStream> stream = NewFolderStream();

@@ -20,14 +20,16 @@ struct Component {
 
 const std::vector<Component>& Components() {
     static const std::vector<Component> components = {
-        {L"DblBuffer", 9,
-         {IID_IUnknown, HostIID("IDblVector"), HostIID("IObjectInfo"), HostIID("IEventSource"),
-          HostIID("IDataPersist"), HostIID("IUIPropertyPageSpecify")},
+        {L"DblBuffer",
+         9,
+         {IID_IUnknown, HostIID("IDblVector"), HostIID("IObjectInfo"), HostIID("IEventSource"), HostIID("IDataPersist"),
+          HostIID("IUIPropertyPageSpecify")},
          {HostIID("_IDblVectorEvent"), HostIID("IDataPersistEx"), HostIID("ITime"), HostIID("IParametricObject"),
           HostIID("IUnknown"), IID_NULL}},
-        {L"Time", 4,
-         {IID_IUnknown, HostIID("IObjectInfo"), HostIID("IDataPersist"), HostIID("IParametricObject"),
-          HostIID("ITime"), HostIID("IUIPropertyPageSpecify")},
+        {L"Time",
+         4,
+         {IID_IUnknown, HostIID("IObjectInfo"), HostIID("IDataPersist"), HostIID("IParametricObject"), HostIID("ITime"),
+          HostIID("IUIPropertyPageSpecify")},
          {HostIID("IDataPersistEx"), HostIID("IDblVector"), HostIID("IEventSource"), HostIID("_IDblVectorEvent"),
           HostIID("IUnknown"), IID_NULL}},
     };
@@ -50,8 +52,8 @@ IUnknown* Create(const Component& component, const IID& iid) {
 TEST(ComponentObject, CreationWithEachAnsweredIdentifierHoldsOneReference) {
     for (const Component& component : Components()) {
         for (std::size_t row = 0; row < component.answered.size(); ++row) {
-            SCOPED_TRACE(testing::Message() << std::string(component.name, component.name + component.nameLength)
-                                            << " row " << row + 1);
+            SCOPED_TRACE(testing::Message()
+                         << std::string(component.name, component.name + component.nameLength) << " row " << row + 1);
             void* object = nullptr;
             ASSERT_EQ(FactoryOf(component)(nullptr, &component.answered[row], &object), 0);
             ASSERT_NE(object, nullptr);

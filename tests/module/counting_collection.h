@@ -37,9 +37,7 @@ public:
         return count;
     }
 
-    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override {
-        return E_NOTIMPL;
-    }
+    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
     HRESULT GetComponentCount(std::int32_t*) override { return E_NOTIMPL; }
     HRESULT Unused3() override { return E_NOTIMPL; }
     HRESULT Unused4() override { return E_NOTIMPL; }

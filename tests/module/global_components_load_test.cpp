@@ -47,8 +47,9 @@ TEST(GLOBALComponents, CreatesTheCollectionFromCollectionsExOnce) {
     EXPECT_EQ(requests(), 2);
     EXPECT_EQ(global, collection);
     EXPECT_EQ(CallFixture<void*>(library, "FixtureCollectionOuter"), nullptr);
-    EXPECT_EQ(BytesOf(CallFixture<IID>(library, "FixtureCollectionIID")),
-              (IIDBytes{0x69, 0xBC, 0x06, 0x9F, 0x2B, 0x8E, 0x8E, 0xC7, 0x58, 0x19, 0x34, 0x3D, 0x07, 0x00, 0x00, 0x00}));
+    EXPECT_EQ(
+        BytesOf(CallFixture<IID>(library, "FixtureCollectionIID")),
+        (IIDBytes{0x69, 0xBC, 0x06, 0x9F, 0x2B, 0x8E, 0x8E, 0xC7, 0x58, 0x19, 0x34, 0x3D, 0x07, 0x00, 0x00, 0x00}));
     // One reference from the creation, kept by the module; one for the caller.
     EXPECT_EQ(collection->history, (History{+1, +2}));
     // The module had no collection to hand on when it loaded the library.

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "iid_bytes.h"
 #include "catalogue_names.h"
+#include "iid_bytes.h"
 #include "support/module_host.h"
 
 namespace {
@@ -80,8 +80,7 @@ TEST(IIDOfc, UnmappedCharactersShareOneCode) {
 
 TEST(IIDOfc, DigitsZeroToFourHaveCodes28To32) {
     const WorkedExample digits[] = {
-        {"I0", {0x89, 0x03}}, {"I1", {0xA9, 0x03}}, {"I2", {0xC9, 0x03}},
-        {"I3", {0xE9, 0x03}}, {"I4", {0x09, 0x04}},
+        {"I0", {0x89, 0x03}}, {"I1", {0xA9, 0x03}}, {"I2", {0xC9, 0x03}}, {"I3", {0xE9, 0x03}}, {"I4", {0x09, 0x04}},
     };
     for (const WorkedExample& digit : digits) EXPECT_EQ(ModuleBytes(digit.name), digit.bytes) << digit.name;
 }

@@ -104,7 +104,7 @@ TYPED_TEST(DateRecordStream, XmlSaveParsesAsSevenChildrenInFieldOrder) {
     std::vector<std::pair<std::string, std::string>> children;
     for (const pugi::xml_node child : root.children()) children.emplace_back(child.name(), child.text().get());
     const std::vector<std::pair<std::string, std::string>> expected = {
-        {"WeekDay", "2"}, {"Day", "5"}, {"Month", "3"}, {"Year", "2024"},
+        {"WeekDay", "2"}, {"Day", "5"},    {"Month", "3"},    {"Year", "2024"},
         {"Hour", "10"},   {"Minute", "7"}, {"Second", "30.5"}};
     EXPECT_EQ(children, expected);
 }
@@ -139,8 +139,8 @@ TYPED_TEST(DateRecordStream, FolderSaveWritesSixValuesWithoutTheWeekday) {
     std::int32_t count = 0;
     folder->GetValueCount(&count);
     EXPECT_EQ(count, 6);
-    const std::vector<std::pair<std::wstring, std::int32_t>> sizes = {
-        {L"Day", 2}, {L"Month", 2}, {L"Year", 2}, {L"Hour", 2}, {L"Minute", 2}, {L"Second", 4}};
+    const std::vector<std::pair<std::wstring, std::int32_t>> sizes = {{L"Day", 2},  {L"Month", 2},  {L"Year", 2},
+                                                                      {L"Hour", 2}, {L"Minute", 2}, {L"Second", 4}};
     for (std::int32_t i = 0; i < count; ++i) {
         SmartPtr<IString> name;
         folder->GetValueName(i, name.put());
@@ -209,8 +209,8 @@ TYPED_TEST(DateRecordStream, EmptyTextChangesNothing) {
 
 struct MalformedElement {
     const wchar_t* text;
-    int day;     // after loading into a record whose day is 9
-    int minute;  // likewise, from 59
+    int day;       // after loading into a record whose day is 9
+    int minute;    // likewise, from 59
     float second;  // likewise, from 1.25
 };
 
@@ -314,11 +314,7 @@ struct SecondText {
 
 // The fewest decimals, up to nine, that show the float widened to double.
 const SecondText kSecondTexts[] = {
-    {30.5f, L"30.5"},
-    {12.0f, L"12"},
-    {1.0f / 3.0f, L"0.333333343"},
-    {0.0f, L"0"},
-    {-0.25f, L"-0.25"},
+    {30.5f, L"30.5"}, {12.0f, L"12"}, {1.0f / 3.0f, L"0.333333343"}, {0.0f, L"0"}, {-0.25f, L"-0.25"},
 };
 
 TEST(DateRecordXml, SecondIsWrittenWithAutomaticDecimals) {
@@ -327,8 +323,9 @@ TEST(DateRecordXml, SecondIsWrittenWithAutomaticDecimals) {
         record.Second = row.second;
         SmartPtr<IDataStream> stream = NewXmlStream();
         record.Save(stream.get(), 0);
-        const std::wstring expected = std::wstring(L"<DATETIME><WeekDay>0</WeekDay><Day>0</Day><Month>0</Month>"
-                                                   L"<Year>0</Year><Hour>0</Hour><Minute>0</Minute><Second>") +
+        const std::wstring expected = std::wstring(
+                                          L"<DATETIME><WeekDay>0</WeekDay><Day>0</Day><Month>0</Month>"
+                                          L"<Year>0</Year><Hour>0</Hour><Minute>0</Minute><Second>") +
                                       row.text + L"</Second></DATETIME>";
         EXPECT_EQ(StreamText(stream.get()), expected) << Narrow(row.text);
     }

@@ -70,11 +70,11 @@ class RecordingParameters final : public IParametersCreatable, public IDataPersi
 public:
     explicit RecordingParameters(bool answersPersist) : answersPersist_(answersPersist) {}
     std::int32_t refs = 1;
-    std::vector<std::wstring> added;   // names given to AddParameter, in order
-    std::vector<std::int32_t> saves;   // flags of each Save
-    std::vector<std::int32_t> loads;   // flags of each Load
-    int lookups = 0;                   // calls of the collection operations
-    bool throws = false;               // Save and Load throw after recording
+    std::vector<std::wstring> added;  // names given to AddParameter, in order
+    std::vector<std::int32_t> saves;  // flags of each Save
+    std::vector<std::int32_t> loads;  // flags of each Load
+    int lookups = 0;                  // calls of the collection operations
+    bool throws = false;              // Save and Load throw after recording
 
     HRESULT QueryInterface(const IID& iid, void** out) override {
         *out = nullptr;
@@ -153,9 +153,7 @@ public:
     }
     std::int32_t AddRef() override { return ++refs; }
     std::int32_t Release() override { return --refs; }
-    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override {
-        return E_NOTIMPL;
-    }
+    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
     HRESULT GetComponentCount(std::int32_t*) override { return E_NOTIMPL; }
     HRESULT Unused3() override { return E_NOTIMPL; }
     HRESULT Unused4() override { return E_NOTIMPL; }

@@ -36,7 +36,9 @@ public:
     void TearDown() override { KitSlot().reset(); }
 };
 
-inline SmartPtr<IDataStream> NewXmlStream() { return NewComponent<IDataStream>(Kit(), L"XMLStream", HostIID("IDataStream")); }
+inline SmartPtr<IDataStream> NewXmlStream() {
+    return NewComponent<IDataStream>(Kit(), L"XMLStream", HostIID("IDataStream"));
+}
 inline SmartPtr<IDataStream> NewFolderStream() {
     return NewComponent<IDataStream>(Kit(), L"FolderStream", HostIID("IDataStream"));
 }

@@ -62,12 +62,7 @@ struct FlagRow {
 };
 
 const FlagRow kFlagRows[] = {
-    {0, 0x800000},
-    {5, 0x800005},
-    {0x800000, 0x800000},
-    {0x800001, 0x800001},
-    {-1, -1},
-    {0x7F000000, 0x7F800000},
+    {0, 0x800000}, {5, 0x800005}, {0x800000, 0x800000}, {0x800001, 0x800001}, {-1, -1}, {0x7F000000, 0x7F800000},
 };
 
 TEST(ParametricSave, FlagsReachTheCollectionWithBit800000Added) {

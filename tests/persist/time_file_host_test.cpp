@@ -141,8 +141,8 @@ TEST_F(TimeFile, FolderFileLoadsInAnotherProcessWithTheYearInTheMonth) {
 struct DamagedLoad {
     HRESULT opened = S_OK;
     HRESULT loaded = S_OK;
-    std::wstring text;          // the stream's text after opening (XML)
-    std::int32_t values = -1;   // the stream's value count after opening (folder)
+    std::wstring text;         // the stream's text after opening (XML)
+    std::int32_t values = -1;  // the stream's value count after opening (folder)
 };
 
 class DamagedTimeFile : public TimeFile {

@@ -182,15 +182,8 @@ struct SecondTextRow {
 // White space, control characters and the stray marks 0xFE and 0xEF are
 // skipped; the rest is read as a number. Nothing left keeps the second.
 const SecondTextRow kSecondTexts[] = {
-    {L"  12.25", 12.25},
-    {L"\t", 30.5},
-    {L"", 30.5},
-    {L"\x00FE\x00EF\n7.5", 7.5},
-    {L"\x0001\x007F 2", 2.0},
-    {L"abc", 0.0},
-    {L"12.5abc", 12.5},
-    {L"#1E", 30.0},
-    {L"-0.75", -0.75},
+    {L"  12.25", 12.25}, {L"\t", 30.5},      {L"", 30.5},    {L"\x00FE\x00EF\n7.5", 7.5}, {L"\x0001\x007F 2", 2.0},
+    {L"abc", 0.0},       {L"12.5abc", 12.5}, {L"#1E", 30.0}, {L"-0.75", -0.75},
 };
 
 TEST(TimeSetParameters, SecondFromATextEntrySkipsBlanksAndMarks) {

@@ -23,11 +23,11 @@ constexpr int kAdviseRounds = 300;
 constexpr int kTransientListeners = 3;
 
 struct Outcomes {
-    std::atomic<std::int64_t> stored{0};       // put_Element S_OK
-    std::atomic<std::int64_t> noCapacity{0};   // put_Element E_FAIL
-    std::atomic<std::int64_t> read{0};         // get_Element S_OK
-    std::atomic<std::int64_t> outOfRange{0};   // get_Element E_INVALIDARG
-    std::atomic<std::int64_t> unexpected{0};   // any other code
+    std::atomic<std::int64_t> stored{0};      // put_Element S_OK
+    std::atomic<std::int64_t> noCapacity{0};  // put_Element E_FAIL
+    std::atomic<std::int64_t> read{0};        // get_Element S_OK
+    std::atomic<std::int64_t> outOfRange{0};  // get_Element E_INVALIDARG
+    std::atomic<std::int64_t> unexpected{0};  // any other code
 };
 
 void CountWrite(Outcomes& outcomes, HRESULT hr) {

@@ -6,9 +6,7 @@
 #include <map>
 #include <stdexcept>
 
-std::string ModulePath(const char* module) {
-    return std::string(CAL_BUILD_DIR) + "/_binlinux/" + module + ".so";
-}
+std::string ModulePath(const char* module) { return std::string(CAL_BUILD_DIR) + "/_binlinux/" + module + ".so"; }
 
 void* LoadedModule::Symbol(const char* name) const { return dlsym(handle, name); }
 

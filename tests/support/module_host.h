@@ -64,8 +64,7 @@ public:
     SmartPtr<I> CreateKitComponent(const wchar_t* name, const IID& iid) const {
         SmartPtr<I> result;
         if (collection_) {
-            collection_->GetComponent(static_cast<std::int32_t>(std::wcslen(name)), name, &iid,
-                                      result.put_void());
+            collection_->GetComponent(static_cast<std::int32_t>(std::wcslen(name)), name, &iid, result.put_void());
         }
         return result;
     }

@@ -39,9 +39,7 @@ TEST(CDateTimer, StartsZeroed) {
     EXPECT_EQ(t.LinuxTime, 0);
 }
 
-TEST(CDateTimerStatx, FirstOf1972IsDayZeroOfJanuary) {
-    ExpectDate(FromStatx(63072000), {0, 1, 1972, 0, 0, 0.0f});
-}
+TEST(CDateTimerStatx, FirstOf1972IsDayZeroOfJanuary) { ExpectDate(FromStatx(63072000), {0, 1, 1972, 0, 0, 0.0f}); }
 
 struct StatxCase {
     std::int64_t seconds;
@@ -50,20 +48,18 @@ struct StatxCase {
 
 TEST(CDateTimerStatx, LeapYearDatesComeOutOneDayEarly) {
     const StatxCase cases[] = {
-        {0, {1, 1, 1970, 0, 0, 0.0f}},
-        {86400, {2, 1, 1970, 0, 0, 0.0f}},
-        {31449600, {31, 12, 1970, 0, 0, 0.0f}},   // 364 days
-        {31536000, {1, 1, 1971, 0, 0, 0.0f}},     // 365 days
-        {63158400, {1, 1, 1972, 0, 0, 0.0f}},     // 2 January 1972
-        {65750400, {31, 1, 1972, 0, 0, 0.0f}},    // 1 February 1972
-        {68169600, {28, 2, 1972, 0, 0, 0.0f}},    // 29 February 1972
-        {94608000, {30, 12, 1972, 0, 0, 0.0f}},   // 31 December 1972
-        {94694400, {31, 12, 1972, 0, 0, 0.0f}},   // 1 January 1973
-        {94780800, {2, 1, 1973, 0, 0, 0.0f}},     // 2 January 1973
-        {946684800, {0, 1, 2000, 0, 0, 0.0f}},    // 1 January 2000
-        {951782400, {28, 2, 2000, 0, 0, 0.0f}},   // 29 February 2000
-        {-86400, {0, 1, 1970, 0, 0, 0.0f}},
-        {-1, {0, 1, 1970, 23, 59, 59.0f}},
+        {0, {1, 1, 1970, 0, 0, 0.0f}},          {86400, {2, 1, 1970, 0, 0, 0.0f}},
+        {31449600, {31, 12, 1970, 0, 0, 0.0f}},  // 364 days
+        {31536000, {1, 1, 1971, 0, 0, 0.0f}},    // 365 days
+        {63158400, {1, 1, 1972, 0, 0, 0.0f}},    // 2 January 1972
+        {65750400, {31, 1, 1972, 0, 0, 0.0f}},   // 1 February 1972
+        {68169600, {28, 2, 1972, 0, 0, 0.0f}},   // 29 February 1972
+        {94608000, {30, 12, 1972, 0, 0, 0.0f}},  // 31 December 1972
+        {94694400, {31, 12, 1972, 0, 0, 0.0f}},  // 1 January 1973
+        {94780800, {2, 1, 1973, 0, 0, 0.0f}},    // 2 January 1973
+        {946684800, {0, 1, 2000, 0, 0, 0.0f}},   // 1 January 2000
+        {951782400, {28, 2, 2000, 0, 0, 0.0f}},  // 29 February 2000
+        {-86400, {0, 1, 1970, 0, 0, 0.0f}},     {-1, {0, 1, 1970, 23, 59, 59.0f}},
     };
     for (const StatxCase& c : cases) {
         SCOPED_TRACE(c.seconds);
@@ -105,8 +101,10 @@ protected:
         tzset();
     }
     void TearDown() override {
-        if (had_) setenv("TZ", saved_.c_str(), 1);
-        else unsetenv("TZ");
+        if (had_)
+            setenv("TZ", saved_.c_str(), 1);
+        else
+            unsetenv("TZ");
         tzset();
     }
 

@@ -4,8 +4,8 @@
 
 namespace {
 
-tagDATETIME At(std::int16_t day, std::int16_t month, std::int16_t year, std::int16_t hour = 0,
-               std::int16_t minute = 0, float second = 0.0f) {
+tagDATETIME At(std::int16_t day, std::int16_t month, std::int16_t year, std::int16_t hour = 0, std::int16_t minute = 0,
+               float second = 0.0f) {
     tagDATETIME d;
     d.Day = day;
     d.Month = month;
@@ -47,6 +47,5 @@ TEST(ElapsedSeconds, TableOfIntervals) {
 // Hour differences are 16-bit: 23 - (-32768) wraps to -32745, then one day is
 // borrowed for 24 hours.
 TEST(ElapsedSeconds, HourDifferenceWrapsAtSixteenBits) {
-    EXPECT_EQ(ElapsedSeconds(At(1, 1, 2024, -32768), At(1, 1, 2024, 23)),
-              -1 * 86400.0 + -32721 * 3600.0);
+    EXPECT_EQ(ElapsedSeconds(At(1, 1, 2024, -32768), At(1, 1, 2024, 23)), -1 * 86400.0 + -32721 * 3600.0);
 }

@@ -9,8 +9,8 @@ constexpr double kMonth = 29.53059413580247;
 struct LunarCase {
     std::int16_t day;
     std::int16_t year;
-    double flagZero;   // positions 1 .. r, or r .. -1
-    double flagOne;    // positions 0 .. r-1, or r-1 .. -2
+    double flagZero;  // positions 1 .. r, or r .. -1
+    double flagOne;   // positions 0 .. r-1, or r-1 .. -2
 };
 
 }  // namespace
@@ -19,15 +19,15 @@ struct LunarCase {
 // further years; 13-month positions are 0, 3, 6, 8, 11, 14, 17.
 TEST(LunarCalendarDays, TableOfYears) {
     const LunarCase cases[] = {
-        {1, 1, 1.0, 1.0},                                  // r = 0
-        {5, 2, 12 * kMonth + 5, 13 * kMonth + 5},          // r = 1
-        {1, 4, 37 * kMonth + 1, 37 * kMonth + 1},          // r = 3: 12+12+13 / 13+12+12
-        {1, 19, 457 * kMonth + 1, 458 * kMonth + 1},       // 235 + 222 / 235 + 223
-        {1, 20, 235 * kMonth + 1, 235 * kMonth + 1},       // r = 0
-        {1, 0, -12 * kMonth + 1, -12 * kMonth + 1},        // r = -1
-        {1, -18, 1.0, 1.0},                                // r = 0
-        {1, -17, -216 * kMonth + 1, -217 * kMonth + 1},    // r = -18; position -19 counts 13
-        {1, -19, -247 * kMonth + 1, -247 * kMonth + 1},    // -235, r = -1
+        {1, 1, 1.0, 1.0},                                // r = 0
+        {5, 2, 12 * kMonth + 5, 13 * kMonth + 5},        // r = 1
+        {1, 4, 37 * kMonth + 1, 37 * kMonth + 1},        // r = 3: 12+12+13 / 13+12+12
+        {1, 19, 457 * kMonth + 1, 458 * kMonth + 1},     // 235 + 222 / 235 + 223
+        {1, 20, 235 * kMonth + 1, 235 * kMonth + 1},     // r = 0
+        {1, 0, -12 * kMonth + 1, -12 * kMonth + 1},      // r = -1
+        {1, -18, 1.0, 1.0},                              // r = 0
+        {1, -17, -216 * kMonth + 1, -217 * kMonth + 1},  // r = -18; position -19 counts 13
+        {1, -19, -247 * kMonth + 1, -247 * kMonth + 1},  // -235, r = -1
         {0, 1, 0.0, 0.0},
         {-3, 1, -3.0, -3.0},
     };

@@ -17,8 +17,7 @@ std::ostream& operator<<(std::ostream& out, const ClockFields& f) { return out <
 
 ClockFields Broken(std::time_t t, bool utc) {
     const std::tm tm = utc ? *std::gmtime(&t) : *std::localtime(&t);
-    return {{static_cast<short>(tm.tm_mday), static_cast<short>(tm.tm_mon + 1),
-             static_cast<short>(tm.tm_year + 1900)},
+    return {{static_cast<short>(tm.tm_mday), static_cast<short>(tm.tm_mon + 1), static_cast<short>(tm.tm_year + 1900)},
             {static_cast<short>(tm.tm_hour), static_cast<short>(tm.tm_min), static_cast<double>(tm.tm_sec)}};
 }
 
@@ -71,9 +70,7 @@ TEST_F(TimeClock, ElapsedTimeRightAfterResetIsAboutZero) {
     }
 }
 
-TEST_F(TimeClock, ElapsedTimeWithNullPointerReturnsZero) {
-    EXPECT_EQ(time()->GetElapsedTime(nullptr, 1), S_OK);
-}
+TEST_F(TimeClock, ElapsedTimeWithNullPointerReturnsZero) { EXPECT_EQ(time()->GetElapsedTime(nullptr, 1), S_OK); }
 
 TEST_F(TimeClock, ElapsedTimeFromALaterYearCountsOnlyWithinTheYear) {
     ASSERT_EQ(time()->Reset(1), S_OK);
@@ -142,6 +139,4 @@ TEST_F(TimeClock, GetLinuxTimeFailsBeyondStarDateRange) {
     EXPECT_EQ(seconds, (4294967295.0 - 719165.0) * 86400.0);
 }
 
-TEST_F(TimeClock, GetLinuxTimeRejectsNullPointer) {
-    EXPECT_EQ(time()->get_LinuxTime(nullptr), E_POINTER);
-}
+TEST_F(TimeClock, GetLinuxTimeRejectsNullPointer) { EXPECT_EQ(time()->get_LinuxTime(nullptr), E_POINTER); }

@@ -52,9 +52,7 @@ protected:
         return value;
     }
     void SetStarDate(double value) const { ASSERT_EQ(time_->put_StarDate(0, value), S_OK); }
-    void SetDate(short day, short month, short year) const {
-        ASSERT_EQ(time_->SetDate(day, month, year), S_OK);
-    }
+    void SetDate(short day, short month, short year) const { ASSERT_EQ(time_->SetDate(day, month, year), S_OK); }
     void SetKind(std::int32_t kind) const { ASSERT_EQ(time_->put_Calendar(kind), S_OK); }
 
     ModuleHost host_;

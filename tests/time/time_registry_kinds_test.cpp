@@ -13,8 +13,8 @@ class TimeRegistryKinds : public TimeHostTest {
 protected:
     // One file per process: CTest runs the tests of this suite in parallel.
     static void SetUpTestSuite() {
-        path_ = new std::string(std::string(CAL_BUILD_DIR) + "/time_registry_kinds_test." +
-                                std::to_string(getpid()) + ".registry");
+        path_ = new std::string(std::string(CAL_BUILD_DIR) + "/time_registry_kinds_test." + std::to_string(getpid()) +
+                                ".registry");
         setenv("CALENDAR_REGISTRY", path_->c_str(), 1);
     }
     static void TearDownTestSuite() {
@@ -71,12 +71,8 @@ struct EpochCase {
 
 TEST_F(TimeRegistryKinds, EpochTextsOfBothKinds) {
     const EpochCase cases[] = {
-        {L"1", 730120.0},
-        {L"+12.5abc", 730131.5},
-        {L"-3", 730116.0},
-        {L"", 730119.0},
-        {L"abc", 730119.0},
-        {L"#1F", 730150.0},
+        {L"1", 730120.0}, {L"+12.5abc", 730131.5}, {L"-3", 730116.0},
+        {L"", 730119.0},  {L"abc", 730119.0},      {L"#1F", 730150.0},
     };
     for (const EpochCase& c : cases) {
         for (std::int32_t kind : {5, 6}) {

@@ -147,9 +147,7 @@ TEST_F(TimeSky, MoonPhaseAtReferenceDayTakesNonPositiveBranch) {
     EXPECT_NEAR(Moon(), 291.76, 0.005);
 }
 
-TEST_F(TimeSky, MoonPhaseRejectsNullPointer) {
-    EXPECT_EQ(time()->get_MoonPhase(nullptr), E_POINTER);
-}
+TEST_F(TimeSky, MoonPhaseRejectsNullPointer) { EXPECT_EQ(time()->get_MoonPhase(nullptr), E_POINTER); }
 
 TEST_F(TimeSky, JulianKindKeepsSunAndMoon) {
     June21();

@@ -118,19 +118,34 @@ TEST(RingModel, HundredThousandRandomOperationsAgreeWithTheModel) {
         if (kind < 15) {
             std::int32_t n = 0;
             switch (dice.Between(0, 4)) {
-                case 0: n = model.capacity(); break;
-                case 1: n = dice.Between(-5, 0); break;
-                case 2: n = 1; break;
-                default: n = dice.Between(1, 40); break;
+                case 0:
+                    n = model.capacity();
+                    break;
+                case 1:
+                    n = dice.Between(-5, 0);
+                    break;
+                case 2:
+                    n = 1;
+                    break;
+                default:
+                    n = dice.Between(1, 40);
+                    break;
             }
             ASSERT_EQ(vector->put_Size(n), model.PutSize(n)) << "op " << op;
             ++expectedCalls;
         } else if (kind < 500) {
             std::int32_t index = -1;
             switch (dice.Between(0, 9)) {
-                case 0: index = extremes[dice.Between(0, 3)]; break;
-                case 1: case 2: case 3: index = dice.Between(-3, model.count() + 3); break;
-                default: break;
+                case 0:
+                    index = extremes[dice.Between(0, 3)];
+                    break;
+                case 1:
+                case 2:
+                case 3:
+                    index = dice.Between(-3, model.count() + 3);
+                    break;
+                default:
+                    break;
             }
             const double value = op + 0.25;
             ASSERT_EQ(vector->put_Element(index, value), model.Put(index, value)) << "op " << op;

@@ -7,9 +7,7 @@ const VectorIIDs& Iids() {
     return iids;
 }
 
-SmartPtr<IDblVector> CreateVector() {
-    return LoadModule("Calendar").Create<IDblVector>(L"DblBuffer", Iids().vector);
-}
+SmartPtr<IDblVector> CreateVector() { return LoadModule("Calendar").Create<IDblVector>(L"DblBuffer", Iids().vector); }
 
 void AppendAll(IDblVector* vector, std::initializer_list<double> values) {
     for (double value : values) EXPECT_EQ(vector->put_Element(-1, value), S_OK);
