@@ -24,6 +24,7 @@ int DigitValue(wchar_t c, bool letters) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): taken by value, as the framework passes it
 int _IS2Integer(CREFString text, int base) {
     if (text.length < 1) return 0;
     std::uint32_t sign = 1;
@@ -50,6 +51,7 @@ int _IS2Integer(CREFString text, int base) {
     return static_cast<std::int32_t>(sign * value);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): taken by value, as the framework passes it
 double _IS2Double(CREFString text) {
     if (text.length < 1) return 0.0;
     if (text.string[0] == L'#') {

@@ -81,6 +81,7 @@ std::int32_t TokenLength(const wchar_t* text, std::int32_t length) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the separators come by value, as callers pass them
 std::int32_t CREFString::Split(CREFString* head, CREFString* tail, CREFString separators, int stopAtControl) {
     if (length < 1) {
         SetView(head, string, 0);

@@ -234,7 +234,7 @@ namespace {
 
 // The module's one static initialiser.
 struct CatalogueInitialiser {
-    CatalogueInitialiser() {
+    CatalogueInitialiser() noexcept {
         for (const CatalogueEntry& entry : kCatalogue) *entry.iid = __IIDOfc(entry.name);
     }
 };

@@ -12,7 +12,7 @@ constexpr short kHebrewFlagOne = 1;
 constexpr short kHebrewFlagZero = 0;
 
 // Indexed by kind.
-const CalendarKindConversions kConversions[] = {
+constexpr CalendarKindConversions kConversions[] = {
     {[](const tagDATETIME* d) { return GregorianToJDN(d); }, [](double x, tagDATETIME* d) { JDNtoGregorian(x, d); }},
     {[](const tagDATETIME* d) { return JulianToJDN(d); }, [](double x, tagDATETIME* d) { JDNtoJulian(x, d); }},
     {[](const tagDATETIME* d) { return GregorianToJDN(d); }, [](double x, tagDATETIME* d) { JDNtoWestern(x, d); }},

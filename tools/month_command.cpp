@@ -100,6 +100,7 @@ void RunMonth(const MonthOptions& options) {
         return;
     }
     std::vector<MonthGridDay> grid;
+    grid.reserve(days.size());
     for (const MonthDay& day : days) grid.push_back(MonthGridDay{day.day, day.weekday, day.moon.name.glyph});
     std::cout << RenderMonthGrid(title, grid);
 }

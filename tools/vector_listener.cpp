@@ -6,7 +6,7 @@ namespace timetool {
 
 namespace {
 
-const IID kEventIid = IIDFromName("_IDblVectorEvent");
+constexpr IID kEventIid = IIDFromName("_IDblVectorEvent");
 
 }  // namespace
 

@@ -27,6 +27,7 @@ HRESULT LoadDblVector(IDblVector& vector, IDataStream* stream) {
     // The counter is 16 bits wide in the stored format's reader: above 32767
     // it wraps and only the end of the stream stops the loop. Kept so that
     // streams load as they always have.
+    // NOLINTNEXTLINE(bugprone-too-small-loop-variable): the 16-bit counter is the stored format's rule
     for (std::int16_t i = 0; i < capacity; i = static_cast<std::int16_t>(i + 1)) {
         double value = 0.0;
         done = sizeof value;
