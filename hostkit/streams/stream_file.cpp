@@ -7,6 +7,7 @@
 #include <atomic>
 #include <cerrno>
 
+#include "hostkit/file_io.h"
 #include "hostkit/streams/byte_store.h"
 #include "hostkit/streams/stream_results.h"
 #include "hostkit/streams/text_codec.h"
@@ -19,40 +20,6 @@ HRESULT OpenFailure(int error, HRESULT otherwise) {
     if (error == ENOENT || error == ENOTDIR) return kE_FileNotFound;
     if (error == EACCES || error == EPERM || error == EROFS) return kE_AccessDenied;
     return otherwise;
-}
-
-// Closes a descriptor when the scope ends.
-class FileDescriptor {
-public:
-    explicit FileDescriptor(int fd) : fd_(fd) {}
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    ~FileDescriptor() {
-        if (fd_ >= 0) ::close(fd_);
-    }
-    int get() const { return fd_; }
-    // Closes now, reporting whether the close (and so the last write) succeeded.
-    bool Close() {
-        const int fd = fd_;
-        fd_ = -1;
-        return ::close(fd) == 0;
-    }
-
-private:
-    int fd_;
-};
-
-bool WriteAll(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) {
-            if (written == 0) errno = EIO;
-            return false;
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
 }
 
 // Temporary names differ per process and per call, so concurrent savers in
