@@ -1,10 +1,9 @@
 #include "calendar/hebrew.h"
 
-#include <cmath>
-
 #include "calendar/day_numbers.h"
+#include "calendar/hebrew_months.h"
 #include "calendar/hebrew_year.h"
-#include "calendar/month_rules.h"
+#include "calendar/hebrew_year_table.h"
 
 double SDHebrew = 0.0;
 
@@ -13,9 +12,6 @@ namespace {
 constexpr double kMeanMonth = 29.53059413580247;
 constexpr double kMeanYear = 6939.689621913581 / 19.0;
 constexpr int kMonthsPerCycle = 235;
-// Day counts beyond this magnitude (far outside 16-bit years) are clamped so
-// the molad arithmetic stays within 64 bits.
-constexpr std::int64_t kLargestDayCount = std::int64_t{1} << 40;
 
 void FillHebrewEpoch() {
     if (SDHebrew != 0.0) return;
@@ -45,65 +41,97 @@ constexpr CoarseMonthTables MakeCoarseMonthTables() {
 }
 constexpr CoarseMonthTables kCoarseMonths = MakeCoarseMonthTables();
 
-// Months of a year in the order they are walked, from Tishri.
-constexpr std::int16_t kMonthsFromTishri[13] = {7, 8, 9, 10, 11, 12, 13, 1, 2, 3, 4, 5, 6};
+// Floor of a value known to lie well inside the 64-bit range.
+std::int64_t FloorOf(double x) {
+    const auto truncated = static_cast<std::int64_t>(x);
+    return static_cast<double>(truncated) > x ? truncated - 1 : truncated;
+}
 
-// Month lengths of one year, month 0 unused. Heshvan (8) also accepts a
-// 386-day year, a length that never occurs; the test is kept as it stands.
-void FillMonthLengths(int yearLength, bool leap, int (&lengths)[14]) {
-    constexpr int kFixed[14] = {0, 30, 29, 30, 29, 30, 29, 30, 0, 0, 29, 30, 0, 0};
-    for (int m = 0; m < 14; ++m) lengths[m] = kFixed[m];
-    lengths[8] = (yearLength == 355 || yearLength == 385 || yearLength == 386) ? 30 : 29;
-    lengths[9] = (yearLength == 353 || yearLength == 383) ? 29 : 30;
-    lengths[12] = leap ? 30 : 29;
-    lengths[13] = leap ? 29 : 0;
+// Floor of a day count, NaN read as 0. Counts beyond 2^40 days (far outside
+// 16-bit years) are clamped so the molad arithmetic stays within 64 bits.
+std::int64_t WholeDayCount(double days) {
+    constexpr std::int64_t kLargestDayCount = std::int64_t{1} << 40;
+    constexpr auto kLimit = static_cast<double>(kLargestDayCount);
+    if (days >= kLimit) return kLargestDayCount;
+    if (days >= -kLimit) return FloorOf(days);
+    if (days < -kLimit) return -kLargestDayCount;
+    return 0;  // NaN
+}
+
+// The rules only tell flag 0 from any other flag.
+int FlagIndex(std::int16_t flag) { return flag != 0 ? 1 : 0; }
+
+std::int64_t YearStartDay(std::int64_t year, int flag) {
+    if (cal::InHebrewYearTable(year)) return cal::HebrewYearTableEntry(year, flag).start;
+    return cal::StartOfHebrewYear(year, flag).Day();
+}
+
+int MonthShape(std::int16_t year, int flag) {
+    if (cal::InHebrewYearTable(year)) return cal::HebrewYearTableEntry(year, flag).monthShape;
+    return cal::HebrewMonthShape(cal::HebrewYearLength(year, flag), cal::HebrewLeapYear(year, flag));
+}
+
+// Day, Month and Year from a count of days in which day 1 is the epoch day.
+void SetDateFromDayCount(double days, int flag, tagDATETIME& date) {
+    const std::int64_t target = WholeDayCount(days);
+    // The year sought is the latest whose start is not after the count. The
+    // mean-year estimate is never below it (a start never precedes its molad
+    // by more than a day) and the walk back ends within three years; a year
+    // that starts on the day of its molad is found even when the molad falls
+    // later that day.
+    std::int64_t year = FloorOf(static_cast<double>(target) / kMeanYear) + 2;
+    if (year - 2 >= cal::kHebrewTableFirstYear && year <= cal::kHebrewTableLastYear) {
+        // Starts increase through the table, so the years of the walk whose
+        // start is after the count are a run from the estimate down: count
+        // the first three at once.
+        const cal::HebrewYearEntry* entry = &cal::HebrewYearTableEntry(year, flag);
+        year -=
+            (entry[0].start > target ? 1 : 0) + (entry[-1].start > target ? 1 : 0) + (entry[-2].start > target ? 1 : 0);
+    }
+    std::int64_t start = YearStartDay(year, flag);
+    while (start > target) {
+        --year;
+        start = YearStartDay(year, flag);
+    }
+    date.Year = static_cast<std::int16_t>(year);
+    const std::int64_t dayOfYear = target - start + 1;  // >= 1
+    // The month shape follows the 16-bit Year, as the year length does.
+    const int shape = MonthShape(date.Year, flag);
+    const int passed = cal::HebrewMonthsPassed(shape, dayOfYear);
+    date.Month = cal::kHebrewMonthsFromTishri[passed];
+    date.Day = static_cast<std::int16_t>(dayOfYear - cal::kHebrewMonthShapes.end[shape][passed]);
 }
 
 }  // namespace
 
 int CHebrew::DaysInMonth(int month, short) {
     if (month < 1 || month > 13) return 0;
-    int lengths[14];
-    const bool needsYearLength = month == 8 || month == 9;
-    FillMonthLengths(needsYearLength ? DaysInYear(Year, nullptr) : 0, cal::HebrewLeapYear(Year, flag), lengths);
-    return lengths[month];
+    const int f = FlagIndex(flag);
+    int shape = 0;
+    if (cal::InHebrewYearTable(Year)) {
+        shape = cal::HebrewYearTableEntry(Year, f).monthShape;
+    } else {
+        // Only Heshvan and Kislev depend on the year length.
+        const bool needsYearLength = month == 8 || month == 9;
+        shape =
+            cal::HebrewMonthShape(needsYearLength ? cal::HebrewYearLength(Year, f) : 0, cal::HebrewLeapYear(Year, f));
+    }
+    return cal::kHebrewMonthShapes.length[shape][month];
 }
 
 short CHebrew::DaysInYear(short year, short* postponement) {
-    if (flag != 0) return static_cast<short>(cal::MonthCountYearLength(year));
-    if (postponement) *postponement = static_cast<short>(cal::StartOfHebrewYear(year, flag).postponement);
+    const int f = FlagIndex(flag);
+    if (cal::InHebrewYearTable(year)) {
+        const cal::HebrewYearEntry& entry = cal::HebrewYearTableEntry(year, f);
+        if (f == 0 && postponement) *postponement = entry.postponement;
+        return entry.length;
+    }
+    if (f != 0) return static_cast<short>(cal::MonthCountYearLength(year));
+    if (postponement) *postponement = static_cast<short>(cal::StartOfHebrewYear(year, f).postponement);
     return static_cast<short>(cal::ElapsedDaysYearLength(year));
 }
 
-void CHebrew::SetEllapsedDays(double days, int) {
-    std::int64_t target = cal::TruncateDays(std::floor(days));
-    if (target > kLargestDayCount) target = kLargestDayCount;
-    if (target < -kLargestDayCount) target = -kLargestDayCount;
-    // The year sought is the latest whose start is not after the count. The
-    // mean-year estimate is never below it (a start never precedes its molad
-    // by more than a day) and the walk back ends within three years; a year
-    // that starts on the day of its molad is found even when the molad falls
-    // later that day.
-    std::int64_t year = cal::TruncateDays(std::floor(static_cast<double>(target) / kMeanYear)) + 2;
-    std::int64_t start = cal::StartOfHebrewYear(year, flag).Day();
-    while (start > target) {
-        --year;
-        start = cal::StartOfHebrewYear(year, flag).Day();
-    }
-    Year = static_cast<std::int16_t>(year);
-    std::int64_t remaining = target - start + 1;  // >= 1
-
-    int lengths[14];
-    FillMonthLengths(DaysInYear(Year, nullptr), cal::HebrewLeapYear(Year, flag), lengths);
-    // The walk ends at the year's last month; whatever remains is its Day.
-    int i = 0;
-    while (i < 12 && remaining > lengths[kMonthsFromTishri[i]]) {
-        remaining -= lengths[kMonthsFromTishri[i]];
-        ++i;
-    }
-    Month = kMonthsFromTishri[i];
-    Day = static_cast<std::int16_t>(remaining);
-}
+void CHebrew::SetEllapsedDays(double days, int) { SetDateFromDayCount(days, FlagIndex(flag), *this); }
 
 double HebrewToJDN(const tagDATETIME* date, short flag) {
     FillHebrewEpoch();
@@ -120,11 +148,6 @@ double HebrewToJDN(const tagDATETIME* date, short flag) {
 
 HRESULT JDNtoHebrew(double jdn, tagDATETIME* date, short flag) {
     FillHebrewEpoch();
-    CHebrew scratch;
-    scratch.flag = flag;
-    scratch.SetEllapsedDays(jdn - (SDHebrew - 1.0), 0);
-    date->Day = scratch.Day;
-    date->Month = scratch.Month;
-    date->Year = scratch.Year;
+    SetDateFromDayCount(jdn - (SDHebrew - 1.0), FlagIndex(flag), *date);
     return S_OK;
 }
