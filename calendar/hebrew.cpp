@@ -66,9 +66,23 @@ std::int64_t YearStartDay(std::int64_t year, int flag) {
     return cal::StartOfHebrewYear(year, flag).Day();
 }
 
-int MonthShape(std::int16_t year, int flag) {
+// Years outside the table, from the rules on each call; kept out of line so
+// that the table path stays a few instructions. Only Heshvan and Kislev
+// depend on the year length.
+[[gnu::noinline]] int ComputedMonthShape(std::int16_t year, int flag, bool needsYearLength) {
+    return cal::HebrewMonthShape(needsYearLength ? cal::HebrewYearLength(year, flag) : 0,
+                                 cal::HebrewLeapYear(year, flag));
+}
+
+[[gnu::noinline]] short ComputedDaysInYear(short year, int flag, short* postponement) {
+    if (flag != 0) return static_cast<short>(cal::MonthCountYearLength(year));
+    if (postponement) *postponement = static_cast<short>(cal::StartOfHebrewYear(year, flag).postponement);
+    return static_cast<short>(cal::ElapsedDaysYearLength(year));
+}
+
+int MonthShape(std::int16_t year, int flag, bool needsYearLength) {
     if (cal::InHebrewYearTable(year)) return cal::HebrewYearTableEntry(year, flag).monthShape;
-    return cal::HebrewMonthShape(cal::HebrewYearLength(year, flag), cal::HebrewLeapYear(year, flag));
+    return ComputedMonthShape(year, flag, needsYearLength);
 }
 
 // Day, Month and Year from a count of days in which day 1 is the epoch day.
@@ -96,7 +110,7 @@ void SetDateFromDayCount(double days, int flag, tagDATETIME& date) {
     date.Year = static_cast<std::int16_t>(year);
     const std::int64_t dayOfYear = target - start + 1;  // >= 1
     // The month shape follows the 16-bit Year, as the year length does.
-    const int shape = MonthShape(date.Year, flag);
+    const int shape = MonthShape(date.Year, flag, true);
     const int passed = cal::HebrewMonthsPassed(shape, dayOfYear);
     date.Month = cal::kHebrewMonthsFromTishri[passed];
     date.Day = static_cast<std::int16_t>(dayOfYear - cal::kHebrewMonthShapes.end[shape][passed]);
@@ -106,16 +120,7 @@ void SetDateFromDayCount(double days, int flag, tagDATETIME& date) {
 
 int CHebrew::DaysInMonth(int month, short) {
     if (month < 1 || month > 13) return 0;
-    const int f = FlagIndex(flag);
-    int shape = 0;
-    if (cal::InHebrewYearTable(Year)) {
-        shape = cal::HebrewYearTableEntry(Year, f).monthShape;
-    } else {
-        // Only Heshvan and Kislev depend on the year length.
-        const bool needsYearLength = month == 8 || month == 9;
-        shape =
-            cal::HebrewMonthShape(needsYearLength ? cal::HebrewYearLength(Year, f) : 0, cal::HebrewLeapYear(Year, f));
-    }
+    const int shape = MonthShape(Year, FlagIndex(flag), month == 8 || month == 9);
     return cal::kHebrewMonthShapes.length[shape][month];
 }
 
@@ -126,9 +131,7 @@ short CHebrew::DaysInYear(short year, short* postponement) {
         if (f == 0 && postponement) *postponement = entry.postponement;
         return entry.length;
     }
-    if (f != 0) return static_cast<short>(cal::MonthCountYearLength(year));
-    if (postponement) *postponement = static_cast<short>(cal::StartOfHebrewYear(year, f).postponement);
-    return static_cast<short>(cal::ElapsedDaysYearLength(year));
+    return ComputedDaysInYear(year, f, postponement);
 }
 
 void CHebrew::SetEllapsedDays(double days, int) { SetDateFromDayCount(days, FlagIndex(flag), *this); }

@@ -40,7 +40,8 @@ constexpr HebrewMonthShapes MakeHebrewMonthShapes() {
         length[12] = leap ? 30 : 29;
         length[13] = leap ? 29 : 0;
         for (int i = 0; i < 12; ++i)
-            shapes.end[shape][i + 1] = static_cast<std::int16_t>(shapes.end[shape][i] + length[kHebrewMonthsFromTishri[i]]);
+            shapes.end[shape][i + 1] =
+                static_cast<std::int16_t>(shapes.end[shape][i] + length[kHebrewMonthsFromTishri[i]]);
     }
     return shapes;
 }

@@ -156,9 +156,14 @@ TEST(CHebrewSetEllapsedDays, EqualsTheDirectSearchForEveryDayOfTheTableAndBeyond
 // Years 65536 apart share a 16-bit Year, so far years read the table for their
 // month lengths.
 TEST(CHebrewSetEllapsedDays, EqualsTheDirectSearchWhereThe16BitYearWrapsIntoTheTable) {
-    const std::int64_t years[] = {cal::kHebrewTableFirstYear + 65536, cal::kHebrewTableLastYear + 65536,
-                                  cal::kHebrewTableFirstYear - 65536, cal::kHebrewTableLastYear - 65536,
-                                  32767, -32768, 0, 1};
+    const std::int64_t years[] = {cal::kHebrewTableFirstYear + 65536,
+                                  cal::kHebrewTableLastYear + 65536,
+                                  cal::kHebrewTableFirstYear - 65536,
+                                  cal::kHebrewTableLastYear - 65536,
+                                  32767,
+                                  -32768,
+                                  0,
+                                  1};
     for (const std::int16_t flag : kFlags) {
         for (const std::int64_t year : years) {
             const std::int64_t start = cal::StartOfHebrewYear(year, flag).Day();
