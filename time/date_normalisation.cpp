@@ -25,8 +25,7 @@ void NormaliseDate(std::int32_t kind, std::int16_t day, std::int16_t month, std:
     CarryDate(kind, day, month, year, date);
 }
 
-void CarryDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year,
-               tagDATETIME& date) noexcept {
+void CarryDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year, tagDATETIME& date) noexcept {
     date.Day = day;
     date.Month = month;
     if (month < 0) {

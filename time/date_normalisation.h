@@ -16,5 +16,4 @@ void NormaliseDate(std::int32_t kind, std::int16_t day, std::int16_t month, std:
 
 // The carrying itself, for every date: the lengths of the date's year and
 // month are looked up before each step.
-void CarryDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year,
-               tagDATETIME& date) noexcept;
+void CarryDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year, tagDATETIME& date) noexcept;

@@ -55,8 +55,9 @@ TEST(NormaliseDate, SolarMonthsOneToTwelveNeverShorterThan28Days) {
 // outside 1 to 12 are left out: carrying through them walks the whole 16-bit
 // month range, and they never take the shortcut.
 TEST(NormaliseDate, AgreesWithFullCarryingOnEveryKind) {
-    constexpr std::int16_t kYears[] = {-32768, -32767, -4000, -401, -400, -101, -100, -5, -4, -1, 0, 1, 2, 3, 4,
-                                       19,     100,    1582,  1900, 2000, 2024, 3761, 3762, 5784, 5785, 32766, 32767};
+    constexpr std::int16_t kYears[] = {-32768, -32767, -4000, -401, -400, -101, -100, -5,    -4,
+                                       -1,     0,      1,     2,    3,    4,    19,   100,   1582,
+                                       1900,   2000,   2024,  3761, 3762, 5784, 5785, 32766, 32767};
     int checked = 0;
     for (std::int32_t kind : kKinds) {
         const bool hebrew = kind == 3 || kind == 4;
