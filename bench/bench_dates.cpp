@@ -12,6 +12,7 @@
 
 #include "inputs.h"
 #include "module_loader.h"
+#include "registration.h"
 
 namespace bench {
 namespace {
@@ -200,18 +201,18 @@ void HebrewToDay_Hdate(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(GregorianToDay_Module);
-BENCHMARK(GregorianToDay_DateH);
-BENCHMARK(GregorianToDay_Icu);
-BENCHMARK(DayToGregorian_Module);
-BENCHMARK(DayToGregorian_DateH);
-BENCHMARK(DayToGregorian_Icu);
-BENCHMARK(JulianBoth_Module);
-BENCHMARK(JulianBoth_DateH);
-BENCHMARK(DayToHebrew_Module);
-BENCHMARK(DayToHebrew_Hdate);
-BENCHMARK(DayToHebrew_Icu);
-BENCHMARK(HebrewToDay_Module);
-BENCHMARK(HebrewToDay_Hdate);
+CAL_BENCHMARK(GregorianToDay_Module);
+CAL_BENCHMARK(GregorianToDay_DateH);
+CAL_BENCHMARK(GregorianToDay_Icu);
+CAL_BENCHMARK(DayToGregorian_Module);
+CAL_BENCHMARK(DayToGregorian_DateH);
+CAL_BENCHMARK(DayToGregorian_Icu);
+CAL_BENCHMARK(JulianBoth_Module);
+CAL_BENCHMARK(JulianBoth_DateH);
+CAL_BENCHMARK(DayToHebrew_Module);
+CAL_BENCHMARK(DayToHebrew_Hdate);
+CAL_BENCHMARK(DayToHebrew_Icu);
+CAL_BENCHMARK(HebrewToDay_Module);
+CAL_BENCHMARK(HebrewToDay_Hdate);
 
 }  // namespace bench

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "module_loader.h"
+#include "registration.h"
 
 namespace bench {
 namespace {
@@ -65,8 +66,8 @@ void VirtualCall_Plain(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(RefCount_Module);
-BENCHMARK(RefCount_VirtualAtomic);
-BENCHMARK(VirtualCall_Plain);
+CAL_BENCHMARK(RefCount_Module);
+CAL_BENCHMARK(RefCount_VirtualAtomic);
+CAL_BENCHMARK(VirtualCall_Plain);
 
 }  // namespace bench

@@ -10,6 +10,7 @@
 
 #include "inputs.h"
 #include "module_loader.h"
+#include "registration.h"
 #include "sky_objects.h"
 
 namespace bench {
@@ -102,11 +103,11 @@ const std::vector<SmartPtr<ITime>>& SkyTimeObjects() {
     return objects;
 }
 
-BENCHMARK(SunTimes_Module);
-BENCHMARK(SunTimes_Hdate);
-BENCHMARK(SunTimes_Nova);
-BENCHMARK(MoonPhase_Module);
-BENCHMARK(MoonPhase_MeanLunation);
-BENCHMARK(MoonPhase_Nova);
+CAL_BENCHMARK(SunTimes_Module);
+CAL_BENCHMARK(SunTimes_Hdate);
+CAL_BENCHMARK(SunTimes_Nova);
+CAL_BENCHMARK(MoonPhase_Module);
+CAL_BENCHMARK(MoonPhase_MeanLunation);
+CAL_BENCHMARK(MoonPhase_Nova);
 
 }  // namespace bench

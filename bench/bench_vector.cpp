@@ -8,6 +8,7 @@
 
 #include "inputs.h"
 #include "module_loader.h"
+#include "registration.h"
 
 namespace bench {
 namespace {
@@ -177,13 +178,13 @@ void AppendListener_BoostMutex(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(Append_Module);
-BENCHMARK(Append_Boost);
-BENCHMARK(Append_BoostMutex);
-BENCHMARK(ReadByAge_Module);
-BENCHMARK(ReadByAge_Boost);
-BENCHMARK(ReadByAge_BoostMutex);
-BENCHMARK(AppendListener_Module);
-BENCHMARK(AppendListener_BoostMutex);
+CAL_BENCHMARK(Append_Module);
+CAL_BENCHMARK(Append_Boost);
+CAL_BENCHMARK(Append_BoostMutex);
+CAL_BENCHMARK(ReadByAge_Module);
+CAL_BENCHMARK(ReadByAge_Boost);
+CAL_BENCHMARK(ReadByAge_BoostMutex);
+CAL_BENCHMARK(AppendListener_Module);
+CAL_BENCHMARK(AppendListener_BoostMutex);
 
 }  // namespace bench

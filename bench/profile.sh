@@ -2,7 +2,8 @@
 # Instruction counts per iteration of chosen benchmarks, under callgrind
 # (repeatable where timings on a shared machine are not). Only the timed
 # loop is collected: collection is switched on inside the function that
-# holds it. Usage: bench/profile.sh <build dir> [benchmark ...]
+# holds it, and each benchmark runs a fixed number of iterations in a single
+# round (CAL_BENCH_ITERATIONS) so the total divides exactly. Usage: bench/profile.sh <build dir> [benchmark ...]
 set -euo pipefail
 build="$(cd "$1" && pwd)"
 shift
@@ -25,11 +26,11 @@ if ((${#names[@]} == 0)); then
          HebrewToDay_Module HebrewToDay_Hdate SunTimes_Module SunTimes_Hdate
          RefCount_Module RefCount_VirtualAtomic)
 fi
+iterations=20000
 cd "$build"
 for name in "${names[@]}"; do
-  valgrind --tool=callgrind --callgrind-out-file="$out/$name.out" --toggle-collect="$(loop_of "$name")" \
-    ./bench/cal_bench --benchmark_filter="^$name\$" --benchmark_min_time=0.05 >"$out/$name.txt" 2>&1
-  iterations=$(awk -v n="$name" '$1 == n { print $NF }' "$out/$name.txt")
+  CAL_BENCH_ITERATIONS=$iterations valgrind --tool=callgrind --callgrind-out-file="$out/$name.out" --toggle-collect="$(loop_of "$name")" \
+    ./bench/cal_bench --benchmark_filter="^$name(/|\$)" >"$out/$name.txt" 2>&1
   total=$(callgrind_annotate "$out/$name.out" | awk '/PROGRAM TOTALS/ { gsub(",", "", $1); print $1 }')
   echo "== $name: $iterations iterations, $((total / iterations)) instructions per iteration"
   callgrind_annotate "$out/$name.out" | awk -v it="$iterations" '

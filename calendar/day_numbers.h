@@ -6,6 +6,10 @@
 #include "calendar/datetime.h"
 #include "com_types.h"
 
+// (Hour / 24 + Minute / 1440) + Second / 86400: the time of day as a
+// fraction of a day, not reduced to [0, 1).
+double DayFraction(const tagDATETIME* date);
+
 // Gregorian date and time of day to day number. BC years and year 0 follow
 // the complement rule, so no date yields 2.0 and year 0 overlaps AD 1.
 double GregorianToJDN(const tagDATETIME* date);

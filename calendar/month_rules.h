@@ -1,7 +1,9 @@
 // Month and year rules shared by the Gregorian and Julian calendars: month
-// lengths, the day of the year and its inverse. Pure functions.
+// lengths, the day of the year and its inverse. Pure functions; the ones
+// every date conversion runs are inline.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace cal {
@@ -16,15 +18,68 @@ constexpr bool JulianLeap(std::int16_t year) { return (year & 3) == 0; }
 // which is what carries a year-day past the year's end into month 13, 14 ...
 int MonthLength(int month, bool leap);
 
+namespace detail {
+
+inline constexpr int kOutOfRangeMonth = 30;
+// Days before month m in a common year, m in [1, 13]; index 0 unused.
+inline constexpr std::array<int, 14> kDaysBeforeMonth{0, 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334, 365};
+
+constexpr int DaysBefore(int month, bool leap) {  // month in [1, 13]
+    return kDaysBeforeMonth[static_cast<std::size_t>(month)] + (leap && month >= 3 ? 1 : 0);
+}
+
+// Month of each year-day 0 .. 366, common years then leap years: 1 for day 0,
+// 13 for day 366 of a common year.
+struct MonthOfYearDayTable {
+    std::array<std::array<std::int8_t, 367>, 2> month{};
+};
+
+constexpr MonthOfYearDayTable MakeMonthOfYearDay() {
+    MonthOfYearDayTable t;
+    for (int leap = 0; leap < 2; ++leap) {
+        int m = 1;
+        for (int n = 0; n <= 366; ++n) {
+            while (m < 13 && DaysBefore(m + 1, leap != 0) < n) ++m;
+            t.month[static_cast<std::size_t>(leap)][static_cast<std::size_t>(n)] = static_cast<std::int8_t>(m);
+        }
+    }
+    return t;
+}
+
+inline constexpr MonthOfYearDayTable kMonthOfYearDay = MakeMonthOfYearDay();
+
+// SetYearDay for year-days below 0 or above 366.
+void SetFarYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month);
+
+}  // namespace detail
+
 // Sum of the lengths of months 1 .. month-1, plus day.
-int YearDay(int day, int month, bool leap);
+constexpr int YearDay(int day, int month, bool leap) {
+    if (month <= 1) return day;
+    if (month <= 13) return detail::DaysBefore(month, leap) + day;
+    return detail::DaysBefore(13, leap) + detail::kOutOfRangeMonth * (month - 13) + day;
+}
 
 // Inverse of YearDay: Month = 1 and Day = n for n <= 0; no upper bound on
 // Month. Day and Month are stored as 16-bit values.
-void SetYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month);
+inline void SetYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month) {
+    if (n < 0 || n > 366) {
+        detail::SetFarYearDay(n, leap, day, month);
+        return;
+    }
+    const int m = detail::kMonthOfYearDay.month[leap ? 1 : 0][static_cast<std::size_t>(n)];
+    *month = static_cast<std::int16_t>(m);
+    *day = static_cast<std::int16_t>(n - detail::DaysBefore(m, leap));
+}
 
 // Truncation toward zero of a day count; NaN reads as 0 and values beyond the
 // 64-bit range saturate (day counts that large are outside the defined domain).
-std::int64_t TruncateDays(double days);
+constexpr std::int64_t TruncateDays(double days) {
+    constexpr double kLimit = 9.0e18;
+    if (days >= kLimit) return static_cast<std::int64_t>(kLimit);
+    if (days <= -kLimit) return -static_cast<std::int64_t>(kLimit);
+    if (!(days == days)) return 0;  // NaN
+    return static_cast<std::int64_t>(days);
+}
 
 }  // namespace cal

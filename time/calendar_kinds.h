@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "calendar/datetime.h"
+#include "com_types.h"
 
 enum CalendarKind : std::int32_t {
     kCalendarGregorian = 0,
@@ -13,15 +14,22 @@ enum CalendarKind : std::int32_t {
     kCalendarHebrewFlagZero = 4,
     kCalendarAdam = 5,
     kCalendarGeneric = 6,
+    kCalendarKindCount = 7,
 };
 
 struct CalendarKindConversions {
     double (*toStarDate)(const tagDATETIME* date);
     // Writes the fields the calendar's conversion writes; the others are kept.
-    void (*fromStarDate)(double starDate, tagDATETIME* date);
+    HRESULT (*fromStarDate)(double starDate, tagDATETIME* date);
 };
+
+// Indexed by kind.
+extern const CalendarKindConversions kCalendarConversions[kCalendarKindCount];
 
 // Any kind outside 0..6, negative ones included, converts as Gregorian. Kind 2
 // converts into a date with the Western rules but back with the Gregorian
 // ones; stored star dates depend on it.
-const CalendarKindConversions& ConversionsForKind(std::int32_t kind) noexcept;
+inline const CalendarKindConversions& ConversionsForKind(std::int32_t kind) noexcept {
+    if (kind < 0 || kind >= kCalendarKindCount) return kCalendarConversions[kCalendarGregorian];
+    return kCalendarConversions[kind];
+}

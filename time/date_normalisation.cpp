@@ -1,29 +1,6 @@
 #include "time/date_normalisation.h"
 
 #include "time/calendar_info.h"
-#include "time/calendar_kinds.h"
-
-namespace {
-
-// The shortest of months 1 to 12 under the kind's rules. Hebrew years are
-// also longer than 29 days and have at least 12 months, so a date within
-// these bounds carries nothing.
-constexpr std::int16_t ShortestMonth(std::int32_t kind) noexcept {
-    return kind == kCalendarHebrewFlagOne || kind == kCalendarHebrewFlagZero ? 29 : 28;
-}
-
-}  // namespace
-
-void NormaliseDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year,
-                   tagDATETIME& date) noexcept {
-    if (month >= 1 && month <= 12 && day <= ShortestMonth(kind)) {
-        date.Day = day;
-        date.Month = month;
-        date.Year = year;
-        return;
-    }
-    CarryDate(kind, day, month, year, date);
-}
 
 void CarryDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year, tagDATETIME& date) noexcept {
     date.Day = day;

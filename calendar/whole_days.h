@@ -1,0 +1,32 @@
+// Whole and fractional parts of day counts without a libm call on the common
+// path: for finite values below 2^52 in magnitude the integer conversion is
+// exact, and every result equals the libm function's bit for bit (the sign of
+// a zero included).
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+
+namespace cal {
+
+inline constexpr double kExactIntegerLimit = 4503599627370496.0;  // 2^52; larger doubles are whole
+
+// std::floor(x).
+inline double FloorWhole(double x) {
+    if (!(std::fabs(x) < kExactIntegerLimit)) return std::floor(x);
+    const auto truncated = static_cast<double>(static_cast<std::int64_t>(x));
+    const double floored = truncated > x ? truncated - 1.0 : truncated;
+    return std::copysign(floored, x);  // floor(-0.5) is -1, floor(-0.0) is -0.0
+}
+
+// The fractional part std::modf(x, ...) returns, with the sign of x.
+inline double FractionOf(double x) {
+    if (!(std::fabs(x) < kExactIntegerLimit)) {
+        double whole = 0.0;
+        return std::modf(x, &whole);
+    }
+    const auto truncated = static_cast<double>(static_cast<std::int64_t>(x));
+    return std::copysign(x - truncated, x);
+}
+
+}  // namespace cal
