@@ -88,19 +88,7 @@ public:
     template <class Call>
     void NotifyListeners(Call&& call) {
         const std::int32_t listeners = count.load(std::memory_order_relaxed);
-        for (std::int32_t i = 0; i < listeners; ++i) {
-            Owner().Lock();
-            IUnknown* listener = i < capacity && table[i] ? table[i]->listener : nullptr;
-            if (listener) listener->AddRef();
-            Owner().Unlock();
-            if (!listener) continue;
-            void* answer = nullptr;
-            if (SUCCEEDED(listener->QueryInterface(*piid, &answer)) && answer) {
-                call(answer);
-                static_cast<IUnknown*>(answer)->Release();
-            }
-            listener->Release();
-        }
+        if (listeners > 0) NotifyEach(listeners, call);
     }
 
 protected:
@@ -133,6 +121,25 @@ protected:
     AdviseEntry** table = nullptr;       // owned; slots at and beyond count are null
 
 private:
+    // Kept out of line so that firing with no listener (the common case)
+    // stays a read and a test inside the caller.
+    template <class Call>
+    [[gnu::noinline]] void NotifyEach(std::int32_t listeners, Call& call) {
+        for (std::int32_t i = 0; i < listeners; ++i) {
+            Owner().Lock();
+            IUnknown* listener = i < capacity && table[i] ? table[i]->listener : nullptr;
+            if (listener) listener->AddRef();
+            Owner().Unlock();
+            if (!listener) continue;
+            void* answer = nullptr;
+            if (SUCCEEDED(listener->QueryInterface(*piid, &answer)) && answer) {
+                call(answer);
+                static_cast<IUnknown*>(answer)->Release();
+            }
+            listener->Release();
+        }
+    }
+
     static constexpr std::int32_t kModeRemove = 0;
     static constexpr std::int32_t kModeReplace = 2;
     static constexpr std::int32_t kGrowth = 8;
