@@ -73,14 +73,20 @@ protected:
     // so two threads releasing at once can never both see zero.
     std::int32_t ReleaseImpl() {
         const std::int32_t count = m_refCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
-        if (count == 0) {
-            FinalRelease();
-            delete static_cast<T*>(this);
-        }
+        if (count == 0) [[unlikely]]
+            return Destroy();
         return count;
     }
 
 private:
+    // Out of line, so that a Release that keeps the object needs no saved
+    // registers. Returns 0, the count a destroyed object reports.
+    [[gnu::noinline]] std::int32_t Destroy() {
+        FinalRelease();
+        delete static_cast<T*>(this);
+        return 0;
+    }
+
     std::atomic<std::int32_t> m_refCount{1};
 };
 
