@@ -3,16 +3,59 @@
 // day 3, and the fraction is the time of day.
 #pragma once
 
+#include <array>
+#include <cstddef>
+
 #include "calendar/datetime.h"
+#include "calendar/day_counts.h"
 #include "com_types.h"
+
+namespace cal {
+
+// Day numbers put 1 January AD 1 (Gregorian) at 3.0, two days after the
+// Julian count's origin.
+inline constexpr double kGregorianShift = 2.0;
+
+// Hour / 24 and Minute / 1440 over a day's usual hours and minutes. The
+// compiler divides exactly as the processor does (both round the quotient
+// to nearest), so the values are the quotients themselves.
+inline constexpr auto kHourFractions = [] {
+    std::array<double, 24> a{};
+    for (int h = 0; h < 24; ++h) a[static_cast<std::size_t>(h)] = h / 24.0;
+    return a;
+}();
+inline constexpr auto kMinuteFractions = [] {
+    std::array<double, 60> a{};
+    for (int m = 0; m < 60; ++m) a[static_cast<std::size_t>(m)] = m / 1440.0;
+    return a;
+}();
+
+constexpr bool IsMidnight(const tagDATETIME* date) { return (date->Hour | date->Minute) == 0 && date->Second == 0.0f; }
+
+}  // namespace cal
 
 // (Hour / 24 + Minute / 1440) + Second / 86400: the time of day as a
 // fraction of a day, not reduced to [0, 1).
-double DayFraction(const tagDATETIME* date);
+inline double DayFraction(const tagDATETIME* date) {
+    if (cal::IsMidnight(date)) return 0.0;
+    const int h = date->Hour;
+    const int m = date->Minute;
+    const double hours = h >= 0 && h < 24 ? cal::kHourFractions[static_cast<std::size_t>(h)] : h / 24.0;
+    const double minutes = m >= 0 && m < 60 ? cal::kMinuteFractions[static_cast<std::size_t>(m)] : m / 1440.0;
+    // hours + minutes is never -0.0, so adding a zero second (of either
+    // sign) would leave it as it is.
+    if (date->Second == 0.0f) return hours + minutes;
+    return (hours + minutes) + static_cast<double>(date->Second) / 86400.0;
+}
 
 // Gregorian date and time of day to day number. BC years and year 0 follow
 // the complement rule, so no date yields 2.0 and year 0 overlaps AD 1.
-double GregorianToJDN(const tagDATETIME* date);
+inline double GregorianToJDN(const tagDATETIME* date) {
+    const double days = cal::GregorianElapsedDays(date->Day, date->Month, date->Year) + cal::kGregorianShift;
+    // A whole day count is never -0.0, so adding midnight's 0.0 changes nothing.
+    if (cal::IsMidnight(date)) return days;
+    return days + DayFraction(date);
+}
 // Writes Day, Month, Year, Hour, Minute, Second; always 0. 31 December of a
 // century year not divisible by 400 comes back as day 1 of month 13.
 HRESULT JDNtoGregorian(double jdn, tagDATETIME* out);

@@ -48,8 +48,28 @@ HRESULT CCalendar::GetTime(short* hour, short* minute, double* second) {
     return S_OK;
 }
 
+// The date fields are not touched: an out-of-range date stays as set while
+// the star date follows arithmetically.
+HRESULT CCalendar::UpdateStarDate() {
+    m_sunrise = -1.0;
+    m_sunset = -1.0;
+    m_moonPhase = -1.0;
+    m_starDate = StarDateOf(m_kind, &m_dateTime);
+    return S_OK;
+}
+
 HRESULT CCalendar::SetDate(short day, short month, short year) {
-    NormaliseDate(m_kind, day, month, year, m_dateTime);
+    if (DateCannotCarry(m_kind, day, month)) {
+        m_dateTime.Day = day;
+        m_dateTime.Month = month;
+        m_dateTime.Year = year;
+        return UpdateStarDate();
+    }
+    return SetCarriedDate(day, month, year);
+}
+
+HRESULT CCalendar::SetCarriedDate(short day, short month, short year) {
+    CarryDate(m_kind, day, month, year, m_dateTime);
     return UpdateStarDate();
 }
 
@@ -145,7 +165,7 @@ HRESULT CCalendar::put_Calendar(std::int32_t kind) {
     m_sunrise = -1.0;
     m_sunset = -1.0;
     m_moonPhase = -1.0;
-    ConversionsForKind(m_kind).fromStarDate(m_starDate, &m_dateTime);
+    DateOfStarDate(m_kind, m_starDate, &m_dateTime);
     return S_OK;
 }
 

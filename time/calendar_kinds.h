@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "calendar/datetime.h"
+#include "calendar/day_numbers.h"
 #include "com_types.h"
 
 enum CalendarKind : std::int32_t {
@@ -32,4 +33,20 @@ extern const CalendarKindConversions kCalendarConversions[kCalendarKindCount];
 inline const CalendarKindConversions& ConversionsForKind(std::int32_t kind) noexcept {
     if (kind < 0 || kind >= kCalendarKindCount) return kCalendarConversions[kCalendarGregorian];
     return kCalendarConversions[kind];
+}
+
+// The star date of a date under a kind. The default kind's conversion is
+// inline; the others are called through the table.
+inline double StarDateOf(std::int32_t kind, const tagDATETIME* date) {
+    if (kind == kCalendarGregorian) return GregorianToJDN(date);
+    return ConversionsForKind(kind).toStarDate(date);
+}
+
+// The date of a star date under a kind, as StarDateOf does it.
+inline void DateOfStarDate(std::int32_t kind, double starDate, tagDATETIME* date) {
+    if (kind == kCalendarGregorian) {
+        JDNtoGregorian(starDate, date);
+        return;
+    }
+    ConversionsForKind(kind).fromStarDate(starDate, date);
 }

@@ -22,13 +22,3 @@ HRESULT CCalendar::get_StarDate(std::int32_t mode, double* value) {
     *value = mode != 0 ? (kJulianDateOfDayOne + m_starDate) - 1.0 : m_starDate;
     return S_OK;
 }
-
-// The date fields are not touched: an out-of-range date stays as set while
-// the star date follows arithmetically.
-HRESULT CCalendar::UpdateStarDate() {
-    m_sunrise = -1.0;
-    m_sunset = -1.0;
-    m_moonPhase = -1.0;
-    m_starDate = ConversionsForKind(m_kind).toStarDate(&m_dateTime);
-    return S_OK;
-}

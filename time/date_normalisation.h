@@ -23,9 +23,13 @@ constexpr std::int16_t ShortestMonth(std::int32_t kind) noexcept {
 // negative days are kept, and month 0 stays 0; stored dates depend on it. The
 // time fields are left alone. A date that cannot carry (month 1 to 12, day
 // within the kind's shortest month) is stored without looking up any length.
+constexpr bool DateCannotCarry(std::int32_t kind, std::int16_t day, std::int16_t month) noexcept {
+    return month >= 1 && month <= 12 && day <= ShortestMonth(kind);
+}
+
 inline void NormaliseDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year,
                           tagDATETIME& date) noexcept {
-    if (month >= 1 && month <= 12 && day <= ShortestMonth(kind)) {
+    if (DateCannotCarry(kind, day, month)) {
         date.Day = day;
         date.Month = month;
         date.Year = year;
