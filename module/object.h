@@ -152,16 +152,19 @@ public:
     // not hold the mutex, return at once without effect: the error-checking
     // answers, given before the mutex is reached so that race detectors see
     // only balanced pairs.
-    virtual void Lock() {
+    virtual void Lock() { LockAs(pthread_self()); }
+    virtual void Unlock() { UnlockAs(pthread_self()); }
+    // Lock and Unlock for a caller that knows its own thread (`self` is
+    // pthread_self() of the calling thread): one lookup serves a pair.
+    void LockAs(pthread_t self) {
         if (m_deleted) return;
-        const pthread_t self = pthread_self();
         if (m_owner.load(std::memory_order_relaxed) == self) return;
         pthread_mutex_lock(&m_mutex);
         m_owner.store(self, std::memory_order_relaxed);
     }
-    virtual void Unlock() {
+    void UnlockAs(pthread_t self) {
         if (m_deleted) return;
-        if (m_owner.load(std::memory_order_relaxed) != pthread_self()) return;
+        if (m_owner.load(std::memory_order_relaxed) != self) return;
         m_owner.store(pthread_t{}, std::memory_order_relaxed);
         pthread_mutex_unlock(&m_mutex);
     }

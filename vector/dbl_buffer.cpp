@@ -36,19 +36,22 @@ HRESULT CDblBuffer::put_Size(std::int32_t size) {
 // unlocked and may call back; the final Unlock may then find the mutex
 // already released, which the mutex reports and is ignored. Callers rely on
 // listeners being able to read the vector.
+// (Lock and Unlock by the calling thread, which is looked up once.)
 HRESULT CDblBuffer::put_Element(std::int32_t index, double value) {
-    Lock();
+    const pthread_t self = pthread_self();
+    m_lock.LockAs(self);
     const HRESULT hr = WriteElement(index, value);
     Fire_ElementChanged(this, index);
-    Unlock();
+    m_lock.UnlockAs(self);
     return hr;
 }
 
 HRESULT CDblBuffer::get_Element(std::int32_t index, double* value) {
     if (!value) return E_POINTER;
-    Lock();
+    const pthread_t self = pthread_self();
+    m_lock.LockAs(self);
     const HRESULT hr = ReadElement(index, value);
-    Unlock();
+    m_lock.UnlockAs(self);
     return hr;
 }
 
