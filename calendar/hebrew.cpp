@@ -9,7 +9,6 @@ double SDHebrew = 0.0;
 
 namespace {
 
-constexpr double kMeanMonth = 29.53059413580247;
 constexpr double kMeanYear = 6939.689621913581 / 19.0;
 constexpr int kMonthsPerCycle = 235;
 
@@ -136,17 +135,21 @@ short CHebrew::DaysInYear(short year, short* postponement) {
 
 void CHebrew::SetEllapsedDays(double days, int) { SetDateFromDayCount(days, FlagIndex(flag), *this); }
 
-double HebrewToJDN(const tagDATETIME* date, short flag) {
-    FillHebrewEpoch();
+int CoarseHebrewMonths(std::int16_t year, short flag) {
     const int f = flag != 0 ? 1 : 0;
-    const int y = date->Year;
+    const int y = year;
     int months = (y / 19) * kMonthsPerCycle;
     // Whole cycles come from y / 19 but the rest from (y - 1) mod 19, so a
     // multiple of 19 counts its cycle twice; stored day numbers rely on it.
     const int r = (y - 1) % 19;
     if (r > 0) months += kCoarseMonths.ahead[f][r];
     if (r < 0) months -= kCoarseMonths.behind[f][-r];
-    return months * kMeanMonth + date->Day + (SDHebrew - 1.0);
+    return months;
+}
+
+double HebrewToJDN(const tagDATETIME* date, short flag) {
+    FillHebrewEpoch();
+    return CoarseHebrewMonths(date->Year, flag) * kMeanHebrewMonth + date->Day + (SDHebrew - 1.0);
 }
 
 HRESULT JDNtoHebrew(double jdn, tagDATETIME* date, short flag) {

@@ -28,6 +28,13 @@ struct CHebrew : tagDATETIME {
 // first Hebrew conversion fills it.
 extern double SDHebrew;
 
+// Length of the mean month of the coarse count, in days.
+inline constexpr double kMeanHebrewMonth = 29.53059413580247;
+
+// Months before `year` in the coarse count: whole 19-year cycles from
+// year / 19, the remaining years by the leap rule of the flag.
+int CoarseHebrewMonths(std::int16_t year, short flag);
+
 // A deliberately coarse mean-month count that reads Day and Year only.
 double HebrewToJDN(const tagDATETIME* date, short flag);
 // Writes Day, Month, Year only; always 0.

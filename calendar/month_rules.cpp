@@ -5,7 +5,6 @@
 namespace cal {
 namespace {
 
-constexpr int kMonthLength[13] = {30, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 // The highest month the closed form can store without 16-bit wrap-around.
 constexpr int kLastStorableMonth = std::numeric_limits<std::int16_t>::max();
 
@@ -23,11 +22,6 @@ void WalkMonths(int n, bool leap, std::int16_t* day, std::int16_t* month) {
 }
 
 }  // namespace
-
-int MonthLength(int month, bool leap) {
-    if (month < 0 || month > 12) return detail::kOutOfRangeMonth;
-    return kMonthLength[month] + (leap && month == 2 ? 1 : 0);
-}
 
 namespace detail {
 

@@ -14,13 +14,13 @@ constexpr bool GregorianLeap(std::int16_t year) { return year % 4 == 0 && (year 
 // Low two bits of the 16-bit year zero: -4 and 0 are leap years, -1 and -5 not.
 constexpr bool JulianLeap(std::int16_t year) { return (year & 3) == 0; }
 
-// Month 2 is February; month 0 and every month outside 1..12 has 30 days,
-// which is what carries a year-day past the year's end into month 13, 14 ...
-int MonthLength(int month, bool leap);
+constexpr int YearLength(bool leap) { return leap ? 366 : 365; }
 
 namespace detail {
 
 inline constexpr int kOutOfRangeMonth = 30;
+// Month 0 first; its 30 days are those of every month outside 1..12.
+inline constexpr std::array<int, 13> kMonthLength{30, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 // Days before month m in a common year, m in [1, 13]; index 0 unused.
 inline constexpr std::array<int, 14> kDaysBeforeMonth{0, 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334, 365};
 
@@ -52,6 +52,13 @@ inline constexpr MonthOfYearDayTable kMonthOfYearDay = MakeMonthOfYearDay();
 void SetFarYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month);
 
 }  // namespace detail
+
+// Month 2 is February; month 0 and every month outside 1..12 has 30 days,
+// which is what carries a year-day past the year's end into month 13, 14 ...
+constexpr int MonthLength(int month, bool leap) {
+    if (month < 0 || month > 12) return detail::kOutOfRangeMonth;
+    return detail::kMonthLength[static_cast<std::size_t>(month)] + (leap && month == 2 ? 1 : 0);
+}
 
 // Sum of the lengths of months 1 .. month-1, plus day.
 constexpr int YearDay(int day, int month, bool leap) {

@@ -1,8 +1,9 @@
 #include "time/calendar_info.h"
 
 #include "calendar/hebrew.h"
+#include "calendar/hebrew_year.h"
+#include "calendar/month_rules.h"
 #include "time/calendar_kinds.h"
-#include "time/month_rules.h"
 
 namespace {
 
@@ -20,28 +21,16 @@ CalendarInfo hebrew_info(std::int32_t kind, const tagDATETIME& date) noexcept {
 
 CalendarInfo solar_info(bool leap, std::int16_t month) noexcept {
     CalendarInfo info;
-    info.daysInMonth = month_rules::DaysInMonth(month, leap);
+    info.daysInMonth = static_cast<std::int16_t>(cal::MonthLength(month, leap));
     info.monthsInYear = 12;
-    info.daysInYear = month_rules::DaysInYear(leap);
+    info.daysInYear = static_cast<std::int16_t>(cal::YearLength(leap));
     return info;
 }
 
 }  // namespace
 
 std::int16_t HebrewMonthsInYear(std::int32_t kind, std::int16_t year) noexcept {
-    const auto tested = kind == kCalendarHebrewFlagOne ? static_cast<std::int16_t>(year - 1) : year;
-    switch (tested % 19) {
-        case 0:
-        case 3:
-        case 6:
-        case 8:
-        case 11:
-        case 14:
-        case 17:
-            return 13;
-        default:
-            return 12;
-    }
+    return cal::HebrewLeapYear(year, kind == kCalendarHebrewFlagOne ? 1 : 0) ? 13 : 12;
 }
 
 CalendarInfo ComputeCalendarInfo(std::int32_t kind, const tagDATETIME& date) noexcept {
@@ -50,8 +39,8 @@ CalendarInfo ComputeCalendarInfo(std::int32_t kind, const tagDATETIME& date) noe
         case kCalendarHebrewFlagZero:
             return hebrew_info(kind, date);
         case kCalendarJulian:
-            return solar_info(month_rules::IsJulianLeap(date.Year), date.Month);
+            return solar_info(cal::JulianLeap(date.Year), date.Month);
         default:
-            return solar_info(month_rules::IsGregorianLeap(date.Year), date.Month);
+            return solar_info(cal::GregorianLeap(date.Year), date.Month);
     }
 }

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <ctime>
 
-#include "time/month_rules.h"
+#include "calendar/month_rules.h"
 #include "time/truncation.h"
 
 namespace {
@@ -55,17 +55,17 @@ void CDateTimer::SetLinuxTime(struct statx_timestamp* ts) {
     std::int32_t yearLength = 365;
     while (yearLength <= days) {
         Year = static_cast<std::int16_t>(Year + 1);
-        yearLength = month_rules::DaysInYear(month_rules::IsGregorianLeap(Year));
+        yearLength = cal::YearLength(cal::GregorianLeap(Year));
         days -= yearLength;
     }
-    const bool leap = month_rules::IsGregorianLeap(Year);
+    const bool leap = cal::GregorianLeap(Year);
     const std::int32_t dayOfYear = days + 1;  // at most 366 after the year loop
     std::int32_t total = 31;
     std::int32_t before = 0;
     while (dayOfYear > total) {
         Month = static_cast<std::int16_t>(Month + 1);
         before = total;
-        total += month_rules::DaysInMonth(Month, leap);
+        total += cal::MonthLength(Month, leap);
     }
     Day = static_cast<std::int16_t>(dayOfYear - before);
 

@@ -2,12 +2,12 @@
 
 #include <cstdint>
 
-#include "time/month_rules.h"
+#include "calendar/month_rules.h"
 
 namespace {
 
 std::int32_t day_of_year(const tagDATETIME& date) noexcept {
-    return month_rules::DaysBeforeMonth(date.Month, month_rules::IsGregorianLeap(date.Year)) + date.Day;
+    return cal::YearDay(date.Day, date.Month, cal::GregorianLeap(date.Year));
 }
 
 }  // namespace
@@ -15,7 +15,7 @@ std::int32_t day_of_year(const tagDATETIME& date) noexcept {
 double ElapsedSeconds(const tagDATETIME& from, const tagDATETIME& now) noexcept {
     std::int32_t days = day_of_year(now) - day_of_year(from);
     for (std::int32_t year = from.Year; year < now.Year; ++year) {
-        days += month_rules::DaysInYear(month_rules::IsGregorianLeap(static_cast<std::int16_t>(year)));
+        days += cal::YearLength(cal::GregorianLeap(static_cast<std::int16_t>(year)));
     }
     auto hours = static_cast<std::int16_t>(now.Hour - from.Hour);
     auto minutes = static_cast<std::int16_t>(now.Minute - from.Minute);

@@ -48,3 +48,44 @@ TEST(LunarCalendarDays, ExtremeYearsStayDefined) {
     // -32768 / 19 = -1724 cycles, r = -32769 % 19 = -13: positions -13..-1 all count 12.
     EXPECT_EQ(LunarCalendarDays(1, -32768, false), (-1724 * 235 - 156) * kMonth + 1);
 }
+
+namespace {
+
+// The count walked position by position, as the rule reads: 13 months at
+// positions 0, 3, 6, 8, 11, 14, 17 of the cycle, 12 elsewhere and at every
+// negative remainder.
+double WalkedLunarDays(std::int16_t day, std::int16_t year, bool shifted) {
+    const auto monthsAt = [](int position) {
+        switch (position % 19) {
+            case 0:
+            case 3:
+            case 6:
+            case 8:
+            case 11:
+            case 14:
+            case 17:
+                return 13;
+            default:
+                return 12;
+        }
+    };
+    int months = (year / 19) * 235;
+    const int r = (year - 1) % 19;
+    const int shift = shifted ? 1 : 0;
+    if (r > 0)
+        for (int p = 1 - shift; p <= r - shift; ++p) months += monthsAt(p);
+    if (r < 0)
+        for (int p = r - shift; p <= -1 - shift; ++p) months -= monthsAt(p);
+    return months * kMonth + day;
+}
+
+TEST(LunarCalendarDays, EveryYearEqualsThePositionWalk) {
+    for (int y = -32768; y <= 32767; ++y) {
+        const auto year = static_cast<std::int16_t>(y);
+        for (bool shifted : {false, true}) {
+            ASSERT_EQ(LunarCalendarDays(7, year, shifted), WalkedLunarDays(7, year, shifted)) << y << ' ' << shifted;
+        }
+    }
+}
+
+}  // namespace
