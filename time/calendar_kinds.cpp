@@ -11,7 +11,7 @@ constexpr short kHebrewFlagZero = 0;
 
 }  // namespace
 
-const CalendarKindConversions kCalendarConversions[kCalendarKindCount] = {
+constexpr CalendarKindConversions kCalendarConversions[kCalendarKindCount] = {
     {GregorianToJDN, JDNtoGregorian},
     {JulianToJDN, JDNtoJulian},
     {GregorianToJDN, JDNtoWestern},
