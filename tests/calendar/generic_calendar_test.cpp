@@ -16,6 +16,7 @@
 #include "framework/conversions.h"
 #include "module/entry.h"
 #include "module/iids.h"
+#include "support/fake_component_collection.h"
 #include "support/module_host.h"
 
 namespace {
@@ -209,7 +210,7 @@ TEST_F(GenericCalendarTest, AdDatesRoundTripWithFractionalOffset) {
 
 // A collection that serves no "Registry": either it refuses, or it claims
 // success without an object.
-class CollectionWithoutRegistry : public IComponentCollection {
+class CollectionWithoutRegistry : public FakeComponentCollection {
 public:
     explicit CollectionWithoutRegistry(HRESULT answer) : answer_(answer) {}
     HRESULT QueryInterface(const IID&, void** out) override {
@@ -218,22 +219,10 @@ public:
     }
     std::int32_t AddRef() override { return ++references_; }
     std::int32_t Release() override { return --references_; }
-    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
     HRESULT GetComponentCount(std::int32_t* count) override {
         *count = 0;
         return S_OK;
     }
-    HRESULT Unused3() override { return E_NOTIMPL; }
-    HRESULT Unused4() override { return E_NOTIMPL; }
-    HRESULT Unused5() override { return E_NOTIMPL; }
-    HRESULT Unused6() override { return E_NOTIMPL; }
-    HRESULT Unused7() override { return E_NOTIMPL; }
-    HRESULT Unused8() override { return E_NOTIMPL; }
-    HRESULT Unused9() override { return E_NOTIMPL; }
-    HRESULT Unused10() override { return E_NOTIMPL; }
-    HRESULT Unused11() override { return E_NOTIMPL; }
-    HRESULT Unused12() override { return E_NOTIMPL; }
-    HRESULT Unused13() override { return E_NOTIMPL; }
     HRESULT GetComponent(std::int32_t, const wchar_t*, const IID*, void** out) override {
         ++lookups_;
         *out = nullptr;

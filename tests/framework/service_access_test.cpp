@@ -9,6 +9,7 @@
 #include "kit_services.h"
 #include "module/entry.h"
 #include "module/iids.h"
+#include "support/fake_component_collection.h"
 
 namespace {
 
@@ -89,7 +90,7 @@ public:
 
 // A collection that registers only "Variant" (served by the recording
 // descriptor) and records every lookup.
-class RecordingCollection final : public IComponentCollection {
+class RecordingCollection final : public FakeComponentCollection {
 public:
     HRESULT QueryInterface(const IID&, void** out) override {
         *out = nullptr;
@@ -97,19 +98,6 @@ public:
     }
     std::int32_t AddRef() override { return ++references; }
     std::int32_t Release() override { return --references; }
-    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
-    HRESULT GetComponentCount(std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT Unused3() override { return E_NOTIMPL; }
-    HRESULT Unused4() override { return E_NOTIMPL; }
-    HRESULT Unused5() override { return E_NOTIMPL; }
-    HRESULT Unused6() override { return E_NOTIMPL; }
-    HRESULT Unused7() override { return E_NOTIMPL; }
-    HRESULT Unused8() override { return E_NOTIMPL; }
-    HRESULT Unused9() override { return E_NOTIMPL; }
-    HRESULT Unused10() override { return E_NOTIMPL; }
-    HRESULT Unused11() override { return E_NOTIMPL; }
-    HRESULT Unused12() override { return E_NOTIMPL; }
-    HRESULT Unused13() override { return E_NOTIMPL; }
     HRESULT GetComponent(std::int32_t length, const wchar_t* name, const IID* iid, void** out) override {
         const std::wstring text(name, static_cast<std::size_t>(length));
         lookups += (lookups.empty() ? "" : ",") + Narrow(text) + (iid ? "+iid" : "");

@@ -150,12 +150,12 @@ TEST(DataStream, FileRoundTripKeepsRawBytes) {
     const std::string bytes("\x00\x01\xFE\xFFz\r\n", 7);
     std::int32_t done = 0;
     stream->Write(bytes.data(), 7, &done);
-    EXPECT_EQ(Save(stream.get(), folder.File("raw.bin")), S_OK);
+    EXPECT_EQ(SaveStream(stream.get(), folder.File("raw.bin")), S_OK);
     EXPECT_EQ(ReadBytes(folder.File("raw.bin")), bytes);
     EXPECT_EQ(folder.Listing(), "raw.bin;");  // no temporary file left behind
 
     SmartPtr<IDataStream> loaded = NewStream();
-    EXPECT_EQ(Load(loaded.get(), folder.File("raw.bin")), S_OK);
+    EXPECT_EQ(LoadStream(loaded.get(), folder.File("raw.bin")), S_OK);
     std::int32_t size = 0;
     std::int32_t position = -1;
     loaded->GetSize(&size);
@@ -170,7 +170,7 @@ TEST(DataStream, SaveReplacesAnExistingFile) {
     WriteBytes(folder.File("raw.bin"), "old content that is longer");
     SmartPtr<IDataStream> stream = NewStream();
     stream->Write("new", 3, nullptr);
-    EXPECT_EQ(Save(stream.get(), folder.File("raw.bin")), S_OK);
+    EXPECT_EQ(SaveStream(stream.get(), folder.File("raw.bin")), S_OK);
     EXPECT_EQ(ReadBytes(folder.File("raw.bin")), "new");
     EXPECT_EQ(folder.Listing(), "raw.bin;");
 }
@@ -179,7 +179,7 @@ TEST(DataStream, LoadOfAMissingFileFailsAndKeepsTheStream) {
     ScratchFolder folder;
     SmartPtr<IDataStream> stream = NewStream();
     stream->Write("keep", 4, nullptr);
-    EXPECT_EQ(Load(stream.get(), folder.File("absent.bin")), kFileNotFound);
+    EXPECT_EQ(LoadStream(stream.get(), folder.File("absent.bin")), kFileNotFound);
     EXPECT_EQ(ReadAll(stream.get()), "keep");
 }
 
@@ -187,16 +187,16 @@ TEST(DataStream, FoldersAreNotStreamFiles) {
     ScratchFolder folder;
     SmartPtr<IDataStream> stream = NewStream();
     stream->Write("keep", 4, nullptr);
-    EXPECT_EQ(Load(stream.get(), folder.File("")), static_cast<HRESULT>(0x80070005u));
+    EXPECT_EQ(LoadStream(stream.get(), folder.File("")), static_cast<HRESULT>(0x80070005u));
     EXPECT_EQ(ReadAll(stream.get()), "keep");
-    EXPECT_EQ(Save(stream.get(), folder.File("")), static_cast<HRESULT>(0x80070005u));
+    EXPECT_EQ(SaveStream(stream.get(), folder.File("")), static_cast<HRESULT>(0x80070005u));
     EXPECT_EQ(folder.Listing(), "");
 }
 
 TEST(DataStream, SaveIntoAMissingFolderFailsCleanly) {
     ScratchFolder folder;
     SmartPtr<IDataStream> stream = NewStream();
-    EXPECT_EQ(Save(stream.get(), folder.File("no/such/folder.bin")), kFileNotFound);
+    EXPECT_EQ(SaveStream(stream.get(), folder.File("no/such/folder.bin")), kFileNotFound);
     EXPECT_EQ(folder.Listing(), "");
 }
 

@@ -199,7 +199,7 @@ TEST(FolderStream, ByteAreaIsSeparateFromTheValues) {
 TEST(FolderStream, FileHasTheDocumentedLayout) {
     ScratchFolder scratch;
     SmartPtr<IFolderStream> folder = DayFolder();
-    ASSERT_EQ(Save(AsData(folder.get()).get(), scratch.File("day.fld")), S_OK);
+    ASSERT_EQ(SaveStream(AsData(folder.get()).get(), scratch.File("day.fld")), S_OK);
     EXPECT_EQ(ReadBytes(scratch.File("day.fld")), kDayFile);
     EXPECT_EQ(scratch.Listing(), "day.fld;");
 }
@@ -211,11 +211,11 @@ TEST(FolderStream, FileRoundTripKeepsNamesOrderValuesAndBytes) {
     Put(folder.get(), L"\u00C4lpha \U0001F600", "text");
     Put(folder.get(), L"Empty", "");
     AsData(folder.get())->Write("\x01\x02\x03", 3, nullptr);
-    ASSERT_EQ(Save(AsData(folder.get()).get(), scratch.File("f.fld")), S_OK);
+    ASSERT_EQ(SaveStream(AsData(folder.get()).get(), scratch.File("f.fld")), S_OK);
 
     SmartPtr<IFolderStream> loaded = NewFolder();
     Put(loaded.get(), L"Old", "x");
-    ASSERT_EQ(Load(AsData(loaded.get()).get(), scratch.File("f.fld")), S_OK);
+    ASSERT_EQ(LoadStream(AsData(loaded.get()).get(), scratch.File("f.fld")), S_OK);
     ASSERT_EQ(ValueCount(loaded.get()), 3);
     EXPECT_EQ(ValueName(loaded.get(), 0), L"Zeta");
     EXPECT_EQ(ValueName(loaded.get(), 1), L"\u00C4lpha \U0001F600");
@@ -241,12 +241,12 @@ TEST(FolderStream, EveryStrictPrefixOfAFileIsTruncated) {
     for (std::size_t length = 0; length < kDayFile.size(); ++length) {
         WriteBytes(scratch.File("cut.fld"), kDayFile.substr(0, length));
         SmartPtr<IFolderStream> loaded = DayFolder();
-        EXPECT_EQ(Load(AsData(loaded.get()).get(), scratch.File("cut.fld")), kTruncated) << length;
+        EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), scratch.File("cut.fld")), kTruncated) << length;
         ExpectEmpty(loaded.get(), "prefix");
     }
     WriteBytes(scratch.File("cut.fld"), kDayFile);
     SmartPtr<IFolderStream> loaded = NewFolder();
-    EXPECT_EQ(Load(AsData(loaded.get()).get(), scratch.File("cut.fld")), S_OK);
+    EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), scratch.File("cut.fld")), S_OK);
     EXPECT_EQ(ValueCount(loaded.get()), 1);
 }
 
@@ -257,7 +257,7 @@ TEST(FolderStream, EveryFlippedByteFailsCleanly) {
         file[at] = static_cast<char>(file[at] ^ 0x5A);
         WriteBytes(scratch.File("flip.fld"), file);
         SmartPtr<IFolderStream> loaded = DayFolder();
-        const HRESULT hr = Load(AsData(loaded.get()).get(), scratch.File("flip.fld"));
+        const HRESULT hr = LoadStream(AsData(loaded.get()).get(), scratch.File("flip.fld"));
         EXPECT_TRUE(hr == kCorrupt || hr == kTruncated) << at << " " << std::hex << hr;
         ExpectEmpty(loaded.get(), "flipped");
     }
@@ -292,7 +292,7 @@ TEST(FolderStream, CorruptedFieldsGetTheirCodes) {
         file.replace(corrupt.offset, corrupt.replacement.size(), corrupt.replacement);
         WriteBytes(scratch.File("bad.fld"), file);
         SmartPtr<IFolderStream> loaded = DayFolder();
-        EXPECT_EQ(Load(AsData(loaded.get()).get(), scratch.File("bad.fld")), corrupt.expected) << corrupt.what;
+        EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), scratch.File("bad.fld")), corrupt.expected) << corrupt.what;
         ExpectEmpty(loaded.get(), corrupt.what);
     }
 }
@@ -301,7 +301,7 @@ TEST(FolderStream, TrailingBytesAreCorruption) {
     ScratchFolder scratch;
     WriteBytes(scratch.File("long.fld"), std::string(kDayFile) + "x");
     SmartPtr<IFolderStream> loaded = DayFolder();
-    EXPECT_EQ(Load(AsData(loaded.get()).get(), scratch.File("long.fld")), kCorrupt);
+    EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), scratch.File("long.fld")), kCorrupt);
     ExpectEmpty(loaded.get(), "trailing");
 }
 
@@ -310,20 +310,20 @@ TEST(FolderStream, RepeatedNamesAreCorruption) {
     SmartPtr<IFolderStream> folder = NewFolder();
     Put(folder.get(), L"A", "1");
     Put(folder.get(), L"B", "2");
-    ASSERT_EQ(Save(AsData(folder.get()).get(), scratch.File("ab.fld")), S_OK);
+    ASSERT_EQ(SaveStream(AsData(folder.get()).get(), scratch.File("ab.fld")), S_OK);
     std::string file = ReadBytes(scratch.File("ab.fld"));
     file[37] = 'A';  // the name of the second record: header 20, first record 13, name length 4
     file.resize(file.size() - 4);
     WriteBytes(scratch.File("ab.fld"), Sealed(file));
     SmartPtr<IFolderStream> loaded = NewFolder();
-    EXPECT_EQ(Load(AsData(loaded.get()).get(), scratch.File("ab.fld")), kCorrupt);
+    EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), scratch.File("ab.fld")), kCorrupt);
     ExpectEmpty(loaded.get(), "repeated");
 }
 
 TEST(FolderStream, LoadOfAMissingFileKeepsTheValues) {
     ScratchFolder scratch;
     SmartPtr<IFolderStream> folder = DayFolder();
-    EXPECT_EQ(Load(AsData(folder.get()).get(), scratch.File("absent.fld")), kFileNotFound);
+    EXPECT_EQ(LoadStream(AsData(folder.get()).get(), scratch.File("absent.fld")), kFileNotFound);
     EXPECT_EQ(ValueCount(folder.get()), 1);
 }
 

@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <vector>
 
@@ -78,26 +76,6 @@ std::string ScratchFolder::Listing() const {
 }
 
 std::wstring Wide(std::string_view ascii) { return std::wstring(ascii.begin(), ascii.end()); }
-
-std::string ReadBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-void WriteBytes(const std::string& path, std::string_view bytes) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-HRESULT Save(IDataStream* stream, const std::string& path) {
-    const std::wstring wide = Wide(path);
-    return stream->SaveToFile(static_cast<std::int32_t>(wide.size()), wide.data());
-}
-
-HRESULT Load(IDataStream* stream, const std::string& path) {
-    const std::wstring wide = Wide(path);
-    return stream->LoadFromFile(static_cast<std::int32_t>(wide.size()), wide.data());
-}
 
 std::string ReadAll(IDataStream* stream) {
     stream->Rewind();

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "support/module_host.h"
+#include "support/stream_files.h"
 
 namespace kitstreams_test {
 
@@ -55,12 +56,6 @@ private:
 };
 
 std::wstring Wide(std::string_view ascii);
-std::string ReadBytes(const std::string& path);
-void WriteBytes(const std::string& path, std::string_view bytes);
-
-// SaveToFile and LoadFromFile with a narrow path.
-HRESULT Save(IDataStream* stream, const std::string& path);
-HRESULT Load(IDataStream* stream, const std::string& path);
 
 // All bytes of a stream from its start, through Read (position ends at the end).
 std::string ReadAll(IDataStream* stream);

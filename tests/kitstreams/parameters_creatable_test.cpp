@@ -438,8 +438,8 @@ TEST(ParametersCreatable, RoundTripThroughXmlAndFolderFiles) {
     SmartPtr<IDataStream> folder = NewFolderStream();
     ASSERT_EQ(Persist(saved.get())->Save(xml.get(), 0), S_OK);
     ASSERT_EQ(Persist(saved.get())->Save(folder.get(), 0), S_OK);
-    ASSERT_EQ(Save(xml.get(), scratch.File("p.xml")), S_OK);
-    ASSERT_EQ(Save(folder.get(), scratch.File("p.fld")), S_OK);
+    ASSERT_EQ(SaveStream(xml.get(), scratch.File("p.xml")), S_OK);
+    ASSERT_EQ(SaveStream(folder.get(), scratch.File("p.fld")), S_OK);
 
     pugi::xml_document document;
     ASSERT_TRUE(document.load_file(scratch.File("p.xml").c_str()));
@@ -451,8 +451,8 @@ TEST(ParametersCreatable, RoundTripThroughXmlAndFolderFiles) {
 
     SmartPtr<IDataStream> xml_back = NewXmlStream();
     SmartPtr<IDataStream> folder_back = NewFolderStream();
-    ASSERT_EQ(Load(xml_back.get(), scratch.File("p.xml")), S_OK);
-    ASSERT_EQ(Load(folder_back.get(), scratch.File("p.fld")), S_OK);
+    ASSERT_EQ(LoadStream(xml_back.get(), scratch.File("p.xml")), S_OK);
+    ASSERT_EQ(LoadStream(folder_back.get(), scratch.File("p.fld")), S_OK);
     SmartPtr<IParametersCreatable> from_xml = NewParameters();
     SmartPtr<IParametersCreatable> from_folder = NewParameters();
     ASSERT_EQ(Persist(from_xml.get())->Load(xml_back.get(), 0), S_OK);

@@ -92,9 +92,9 @@ TEST_F(TimeThroughKitStreams, FilesOfBothKindsCarryTheParameters) {
     for (const wchar_t* kind : kinds) {
         SmartPtr<IDataStream> saved = Make<IDataStream>(kind, HostIID("IDataStream"));
         ASSERT_EQ(Persist(SavedTime().get())->Save(saved.get(), 0), S_OK);
-        ASSERT_EQ(Save(saved.get(), scratch.File("time.state")), S_OK);
+        ASSERT_EQ(SaveStream(saved.get(), scratch.File("time.state")), S_OK);
         SmartPtr<IDataStream> opened = Make<IDataStream>(kind, HostIID("IDataStream"));
-        ASSERT_EQ(Load(opened.get(), scratch.File("time.state")), S_OK);
+        ASSERT_EQ(LoadStream(opened.get(), scratch.File("time.state")), S_OK);
         ExpectLoadedYearIntoMonth(opened.get());
     }
 }

@@ -175,11 +175,11 @@ TEST(XmlStream, SavedFileIsAWellFormedDocument) {
     ScratchFolder folder;
     SmartPtr<IXMLStream> xml = DateTimeStream();
     Element(xml.get(), L"Second", L"1");  // a second root element: not a document
-    EXPECT_EQ(Save(AsData(xml.get()).get(), folder.File("a.xml")), kCorrupt);
+    EXPECT_EQ(SaveStream(AsData(xml.get()).get(), folder.File("a.xml")), kCorrupt);
     EXPECT_EQ(folder.Listing(), "");
 
     SmartPtr<IXMLStream> good = DateTimeStream();
-    ASSERT_EQ(Save(AsData(good.get()).get(), folder.File("dt.xml")), S_OK);
+    ASSERT_EQ(SaveStream(AsData(good.get()).get(), folder.File("dt.xml")), S_OK);
     EXPECT_EQ(folder.Listing(), "dt.xml;");
     pugi::xml_document document;
     const pugi::xml_parse_result parsed =
@@ -200,7 +200,7 @@ TEST(XmlStream, EscapedValuesReadBackThroughAnXmlParser) {
     Attribute(xml.get(), L"note", L"\"quoted\" & 'single'");
     Element(xml.get(), L"Text", L"1 < 2 && 3 > 2 \u00E9");
     xml->EndElement();
-    ASSERT_EQ(Save(AsData(xml.get()).get(), folder.File("e.xml")), S_OK);
+    ASSERT_EQ(SaveStream(AsData(xml.get()).get(), folder.File("e.xml")), S_OK);
     pugi::xml_document document;
     ASSERT_TRUE(document.load_file(folder.File("e.xml").c_str()));
     EXPECT_STREQ(document.child("Root").attribute("note").value(), "\"quoted\" & 'single'");
@@ -211,7 +211,7 @@ TEST(XmlStream, FileIsTheDeclarationLineThenTheText) {
     ScratchFolder folder;
     SmartPtr<IXMLStream> xml = NewXml();
     Element(xml.get(), L"Day", L"5");
-    ASSERT_EQ(Save(AsData(xml.get()).get(), folder.File("d.xml")), S_OK);
+    ASSERT_EQ(SaveStream(AsData(xml.get()).get(), folder.File("d.xml")), S_OK);
     EXPECT_EQ(ReadBytes(folder.File("d.xml")), std::string(kDeclaration) + "<Day>5</Day>");
 }
 
@@ -219,29 +219,29 @@ TEST(XmlStream, TextWithItsOwnDeclarationIsSavedAsItIs) {
     ScratchFolder folder;
     SmartPtr<IXMLStream> xml = NewXml();
     SetText(xml.get(), L"<?xml version='1.0'?><r a='1'/>");
-    ASSERT_EQ(Save(AsData(xml.get()).get(), folder.File("own.xml")), S_OK);
+    ASSERT_EQ(SaveStream(AsData(xml.get()).get(), folder.File("own.xml")), S_OK);
     EXPECT_EQ(ReadBytes(folder.File("own.xml")), "<?xml version='1.0'?><r a='1'/>");
     SmartPtr<IXMLStream> loaded = NewXml();
-    EXPECT_EQ(Load(AsData(loaded.get()).get(), folder.File("own.xml")), S_OK);
+    EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), folder.File("own.xml")), S_OK);
     EXPECT_EQ(StreamText(loaded.get()), L"<?xml version='1.0'?><r a='1'/>");
 }
 
 TEST(XmlStream, IncompleteTextsAreNotSaved) {
     ScratchFolder folder;
     SmartPtr<IXMLStream> xml = NewXml();
-    EXPECT_EQ(Save(AsData(xml.get()).get(), folder.File("empty.xml")), kCorrupt);
+    EXPECT_EQ(SaveStream(AsData(xml.get()).get(), folder.File("empty.xml")), kCorrupt);
     Begin(xml.get(), L"Open");
-    EXPECT_EQ(Save(AsData(xml.get()).get(), folder.File("open.xml")), kCorrupt);
+    EXPECT_EQ(SaveStream(AsData(xml.get()).get(), folder.File("open.xml")), kCorrupt);
     EXPECT_EQ(folder.Listing(), "");
 }
 
 TEST(XmlStream, FileRoundTripRestoresTheText) {
     ScratchFolder folder;
     SmartPtr<IXMLStream> xml = DateTimeStream();
-    ASSERT_EQ(Save(AsData(xml.get()).get(), folder.File("dt.xml")), S_OK);
+    ASSERT_EQ(SaveStream(AsData(xml.get()).get(), folder.File("dt.xml")), S_OK);
     SmartPtr<IXMLStream> loaded = NewXml();
     SetText(loaded.get(), L"<Old/>");
-    EXPECT_EQ(Load(AsData(loaded.get()).get(), folder.File("dt.xml")), S_OK);
+    EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), folder.File("dt.xml")), S_OK);
     EXPECT_EQ(StreamText(loaded.get()), StreamText(xml.get()));
     std::int32_t position = -1;
     AsData(loaded.get())->GetPosition(&position);
@@ -251,19 +251,19 @@ TEST(XmlStream, FileRoundTripRestoresTheText) {
 TEST(XmlStream, EveryStrictPrefixOfASavedFileIsTruncated) {
     ScratchFolder folder;
     SmartPtr<IXMLStream> xml = DateTimeStream();
-    ASSERT_EQ(Save(AsData(xml.get()).get(), folder.File("dt.xml")), S_OK);
+    ASSERT_EQ(SaveStream(AsData(xml.get()).get(), folder.File("dt.xml")), S_OK);
     const std::string file = ReadBytes(folder.File("dt.xml"));
     ASSERT_EQ(file.size(), 179u);
     for (std::size_t length = 0; length < file.size(); ++length) {
         WriteBytes(folder.File("cut.xml"), std::string_view(file).substr(0, length));
         SmartPtr<IXMLStream> loaded = NewXml();
         SetText(loaded.get(), L"<Old/>");
-        EXPECT_EQ(Load(AsData(loaded.get()).get(), folder.File("cut.xml")), kTruncated) << length;
+        EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), folder.File("cut.xml")), kTruncated) << length;
         EXPECT_EQ(StreamText(loaded.get()), L"") << length;
     }
     WriteBytes(folder.File("cut.xml"), file);
     SmartPtr<IXMLStream> loaded = NewXml();
-    EXPECT_EQ(Load(AsData(loaded.get()).get(), folder.File("cut.xml")), S_OK);
+    EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), folder.File("cut.xml")), S_OK);
     EXPECT_EQ(StreamText(loaded.get()), StreamText(xml.get()));
 }
 
@@ -301,7 +301,7 @@ TEST(XmlStream, CorruptedFilesFailAndLeaveTheStreamEmpty) {
         WriteBytes(folder.File("bad.xml"), corrupt.bytes);
         SmartPtr<IXMLStream> loaded = NewXml();
         SetText(loaded.get(), L"<Old/>");
-        EXPECT_EQ(Load(AsData(loaded.get()).get(), folder.File("bad.xml")), kCorrupt) << corrupt.what;
+        EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), folder.File("bad.xml")), kCorrupt) << corrupt.what;
         EXPECT_EQ(StreamText(loaded.get()), L"") << corrupt.what;
     }
 }
@@ -312,17 +312,17 @@ TEST(XmlStream, DocumentsFromElsewhereLoadAsTheirWholeText) {
         "\xEF\xBB\xBF<?xml version=\"1.0\"?>\n<!-- c --><?pi x?><r k=\"&#x41;\"><![CDATA[<raw>]]>&lt;</r>\n";
     WriteBytes(folder.File("other.xml"), document);
     SmartPtr<IXMLStream> loaded = NewXml();
-    EXPECT_EQ(Load(AsData(loaded.get()).get(), folder.File("other.xml")), S_OK);
+    EXPECT_EQ(LoadStream(AsData(loaded.get()).get(), folder.File("other.xml")), S_OK);
     EXPECT_EQ(StreamText(loaded.get()),
               L"\uFEFF<?xml version=\"1.0\"?>\n<!-- c --><?pi x?><r k=\"&#x41;\"><![CDATA[<raw>]]>&lt;</r>\n");
-    EXPECT_EQ(Save(AsData(loaded.get()).get(), folder.File("again.xml")), S_OK);
+    EXPECT_EQ(SaveStream(AsData(loaded.get()).get(), folder.File("again.xml")), S_OK);
     EXPECT_EQ(ReadBytes(folder.File("again.xml")), document);
 }
 
 TEST(XmlStream, DevicesAreNotStreamFiles) {
     SmartPtr<IXMLStream> xml = NewXml();
     SetText(xml.get(), L"<Keep/>");
-    EXPECT_EQ(Load(AsData(xml.get()).get(), "/dev/zero"), static_cast<HRESULT>(0x8007001Eu));
+    EXPECT_EQ(LoadStream(AsData(xml.get()).get(), "/dev/zero"), static_cast<HRESULT>(0x8007001Eu));
     EXPECT_EQ(StreamText(xml.get()), L"<Keep/>");
 }
 
@@ -330,7 +330,7 @@ TEST(XmlStream, LoadOfAMissingFileKeepsTheText) {
     ScratchFolder folder;
     SmartPtr<IXMLStream> xml = NewXml();
     SetText(xml.get(), L"<Keep/>");
-    EXPECT_EQ(Load(AsData(xml.get()).get(), folder.File("absent.xml")), kFileNotFound);
+    EXPECT_EQ(LoadStream(AsData(xml.get()).get(), folder.File("absent.xml")), kFileNotFound);
     EXPECT_EQ(StreamText(xml.get()), L"<Keep/>");
 }
 

@@ -9,8 +9,9 @@
 
 #include "com_types.h"
 #include "framework_interfaces.h"
+#include "support/fake_component_collection.h"
 
-class CountingCollection final : public IComponentCollection {
+class CountingCollection final : public FakeComponentCollection {
 public:
     explicit CountingCollection(std::int32_t initial = 1) : count(initial) {}
 
@@ -36,19 +37,4 @@ public:
         history.push_back(-(--count));
         return count;
     }
-
-    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
-    HRESULT GetComponentCount(std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT Unused3() override { return E_NOTIMPL; }
-    HRESULT Unused4() override { return E_NOTIMPL; }
-    HRESULT Unused5() override { return E_NOTIMPL; }
-    HRESULT Unused6() override { return E_NOTIMPL; }
-    HRESULT Unused7() override { return E_NOTIMPL; }
-    HRESULT Unused8() override { return E_NOTIMPL; }
-    HRESULT Unused9() override { return E_NOTIMPL; }
-    HRESULT Unused10() override { return E_NOTIMPL; }
-    HRESULT Unused11() override { return E_NOTIMPL; }
-    HRESULT Unused12() override { return E_NOTIMPL; }
-    HRESULT Unused13() override { return E_NOTIMPL; }
-    HRESULT GetComponent(std::int32_t, const wchar_t*, const IID*, void**) override { return E_NOTIMPL; }
 };

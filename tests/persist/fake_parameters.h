@@ -13,6 +13,7 @@
 #include "framework_interfaces.h"
 #include "module_interfaces.h"
 #include "persist_support.h"
+#include "support/fake_component_collection.h"
 #include "support/module_host.h"
 
 namespace persist_test {
@@ -135,9 +136,10 @@ private:
 // A global collection that hands out the kit's components, except
 // "ParametersCreatable", which `parameters` serves (a null object is a
 // refusal). Records the names asked for.
-class WatchingCollection final : public IComponentCollection {
+class WatchingCollection final : public FakeComponentCollection {
 public:
-    explicit WatchingCollection(IComponentCollection* kit) : kit_(kit) {}
+    explicit WatchingCollection(IComponentCollection* kit, IParametersCreatable* served = nullptr)
+        : parameters(served), kit_(kit) {}
     std::int32_t refs = 1;
     IUnknown* parameters = nullptr;
     std::vector<std::wstring> asked;
@@ -153,19 +155,6 @@ public:
     }
     std::int32_t AddRef() override { return ++refs; }
     std::int32_t Release() override { return --refs; }
-    HRESULT RegisterComponent(std::int32_t, const wchar_t*, std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
-    HRESULT GetComponentCount(std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT Unused3() override { return E_NOTIMPL; }
-    HRESULT Unused4() override { return E_NOTIMPL; }
-    HRESULT Unused5() override { return E_NOTIMPL; }
-    HRESULT Unused6() override { return E_NOTIMPL; }
-    HRESULT Unused7() override { return E_NOTIMPL; }
-    HRESULT Unused8() override { return E_NOTIMPL; }
-    HRESULT Unused9() override { return E_NOTIMPL; }
-    HRESULT Unused10() override { return E_NOTIMPL; }
-    HRESULT Unused11() override { return E_NOTIMPL; }
-    HRESULT Unused12() override { return E_NOTIMPL; }
-    HRESULT Unused13() override { return E_NOTIMPL; }
     HRESULT GetComponent(std::int32_t length, const wchar_t* name, const IID* iid, void** out) override {
         const std::wstring wanted(name, static_cast<std::size_t>(length));
         asked.push_back(wanted);

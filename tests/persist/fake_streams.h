@@ -1,6 +1,7 @@
 // Streams of the tests' own: one that offers neither element nor folder
-// interface, and one that offers both by joining a kit XML stream and a kit
-// folder stream. Both live on the stack; their counts never free them.
+// interface, one that offers both by joining a kit XML stream and a kit folder
+// stream, and a folder stream that throws. All live on the stack; their counts
+// never free them.
 #pragma once
 
 #include <cstdint>
@@ -16,10 +17,26 @@
 
 namespace persist_test {
 
-// IDataStream only. Counts every operation called on it.
-class PlainStream final : public IDataStream {
+// An IDataStream whose stream operations all refuse; derived streams add the
+// interfaces a test looks for. Counted from 1, never freed.
+class InertDataStream : public IDataStream {
 public:
     std::int32_t refs = 1;
+
+    std::int32_t AddRef() override { return ++refs; }
+    std::int32_t Release() override { return --refs; }
+    HRESULT Rewind() override { return E_NOTIMPL; }
+    HRESULT GetSize(std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT GetPosition(std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT Read(void*, std::int32_t, std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT Write(const void*, std::int32_t, std::int32_t*) override { return E_NOTIMPL; }
+    HRESULT SaveToFile(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
+    HRESULT LoadFromFile(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
+};
+
+// IDataStream only. Counts every operation called on it.
+class PlainStream final : public InertDataStream {
+public:
     int calls = 0;  // stream operations other than QueryInterface, AddRef, Release
 
     HRESULT QueryInterface(const IID& iid, void** out) override {
@@ -29,8 +46,6 @@ public:
         AddRef();
         return S_OK;
     }
-    std::int32_t AddRef() override { return ++refs; }
-    std::int32_t Release() override { return --refs; }
     HRESULT Rewind() override { return Called(); }
     HRESULT GetSize(std::int32_t*) override { return Called(); }
     HRESULT GetPosition(std::int32_t*) override { return Called(); }
@@ -48,10 +63,9 @@ private:
 
 // Answers IXMLStream and IString with the XML stream and IFolderStream with
 // the folder stream; its own IDataStream does nothing.
-class DualStream final : public IDataStream {
+class DualStream final : public InertDataStream {
 public:
     DualStream(IUnknown* xml, IUnknown* folder) : xml_(xml), folder_(folder) {}
-    std::int32_t refs = 1;
 
     HRESULT QueryInterface(const IID& iid, void** out) override {
         *out = nullptr;
@@ -64,31 +78,17 @@ public:
         AddRef();
         return S_OK;
     }
-    std::int32_t AddRef() override { return ++refs; }
-    std::int32_t Release() override { return --refs; }
-    HRESULT Rewind() override { return E_NOTIMPL; }
-    HRESULT GetSize(std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT GetPosition(std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT Read(void*, std::int32_t, std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT Write(const void*, std::int32_t, std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT SaveToFile(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
-    HRESULT LoadFromFile(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
 
 private:
     IUnknown* xml_;
     IUnknown* folder_;
 };
 
-}  // namespace persist_test
-
-namespace persist_test {
-
 // A folder stream that throws when it reaches the value named `throwAt`;
 // reads before that fill 2-byte values with 42 and 4-byte values with 4.5f.
-class ThrowingFolderStream final : public IDataStream, public IFolderStream {
+class ThrowingFolderStream final : public InertDataStream, public IFolderStream {
 public:
     explicit ThrowingFolderStream(std::wstring throwAt) : throwAt_(std::move(throwAt)) {}
-    std::int32_t refs = 1;
     std::vector<std::wstring> visited;  // names written or read, in order
 
     HRESULT QueryInterface(const IID& iid, void** out) override {
@@ -103,15 +103,9 @@ public:
         AddRef();
         return S_OK;
     }
-    std::int32_t AddRef() override { return ++refs; }
-    std::int32_t Release() override { return --refs; }
-    HRESULT Rewind() override { return E_NOTIMPL; }
-    HRESULT GetSize(std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT GetPosition(std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT Read(void*, std::int32_t, std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT Write(const void*, std::int32_t, std::int32_t*) override { return E_NOTIMPL; }
-    HRESULT SaveToFile(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
-    HRESULT LoadFromFile(std::int32_t, const wchar_t*) override { return E_NOTIMPL; }
+    // Both bases' counting slots reach the one count.
+    std::int32_t AddRef() override { return InertDataStream::AddRef(); }
+    std::int32_t Release() override { return InertDataStream::Release(); }
 
     HRESULT WriteValue(IString* name, const void*, std::int32_t, std::int32_t) override {
         Visit(name);

@@ -66,9 +66,8 @@ const FlagRow kFlagRows[] = {
 };
 
 TEST(ParametricSave, FlagsReachTheCollectionWithBit800000Added) {
-    WatchingCollection watching(Kit());
     RecordingParameters recorded(true);
-    watching.parameters = static_cast<IParametersCreatable*>(&recorded);
+    WatchingCollection watching(Kit(), &recorded);
     SmartPtr<ITime> time = NewSampleTime();
     SmartPtr<IDataPersist> persist = PersistOf(time.get());
     SmartPtr<IDataStream> xml = NewXmlStream();
@@ -92,9 +91,8 @@ TEST(ParametricSave, FlagsReachTheCollectionWithBit800000Added) {
 }
 
 TEST(ParametricSave, CollectionWithoutPersistenceGetsNothingAndSaveStillSucceeds) {
-    WatchingCollection watching(Kit());
     RecordingParameters recorded(false);
-    watching.parameters = static_cast<IParametersCreatable*>(&recorded);
+    WatchingCollection watching(Kit(), &recorded);
     SmartPtr<ITime> time = NewSampleTime();
     SmartPtr<IDataStream> stream = NewXmlStream();
     {
@@ -157,9 +155,8 @@ TEST(ParametricLoad, NullStreamFailsAndChangesNothing) {
 }
 
 TEST(ParametricLoad, FreshCollectionIsLoadedWithFlagsZero) {
-    WatchingCollection watching(Kit());
     RecordingParameters recorded(true);
-    watching.parameters = static_cast<IParametersCreatable*>(&recorded);
+    WatchingCollection watching(Kit(), &recorded);
     SmartPtr<ITime> time = NewSampleTime();
     SmartPtr<IDataStream> stream = NewXmlStream();
     {
@@ -188,9 +185,8 @@ TEST(ParametricLoad, WithoutAParameterComponentFailsAndChangesNothing) {
 }
 
 TEST(ParametricLoad, CollectionWithoutPersistenceIsNotUsed) {
-    WatchingCollection watching(Kit());
     RecordingParameters recorded(false);
-    watching.parameters = static_cast<IParametersCreatable*>(&recorded);
+    WatchingCollection watching(Kit(), &recorded);
     SmartPtr<ITime> time = NewSampleTime();
     SmartPtr<IDataStream> stream = NewXmlStream();
     {
@@ -219,10 +215,9 @@ TEST(ParametricLoad, ResultIsZeroWhateverTheCollectionsLoadReports) {
 }
 
 TEST(ParametricSave, ThrowingCollectionGivesAFailureCodeAndReleasesEverything) {
-    WatchingCollection watching(Kit());
     RecordingParameters recorded(true);
     recorded.throws = true;
-    watching.parameters = static_cast<IParametersCreatable*>(&recorded);
+    WatchingCollection watching(Kit(), &recorded);
     SmartPtr<ITime> time = NewSampleTime();
     SmartPtr<IDataStream> stream = NewXmlStream();
     {
@@ -236,10 +231,9 @@ TEST(ParametricSave, ThrowingCollectionGivesAFailureCodeAndReleasesEverything) {
 }
 
 TEST(ParametricLoad, ThrowingCollectionGivesAFailureCodeAndChangesNothing) {
-    WatchingCollection watching(Kit());
     RecordingParameters recorded(true);
     recorded.throws = true;
-    watching.parameters = static_cast<IParametersCreatable*>(&recorded);
+    WatchingCollection watching(Kit(), &recorded);
     SmartPtr<ITime> time = NewSampleTime();
     SmartPtr<IDataStream> stream = NewFolderStream();
     {

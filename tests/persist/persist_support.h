@@ -10,6 +10,7 @@
 #include "framework_interfaces.h"
 #include "module_interfaces.h"
 #include "support/module_host.h"
+#include "support/stream_files.h"
 
 namespace persist_test {
 
@@ -60,12 +61,5 @@ public:
 private:
     std::string path_;
 };
-
-std::string ReadBytes(const std::string& path);
-void WriteBytes(const std::string& path, std::string_view bytes);
-
-// SaveToFile and LoadFromFile with a narrow path.
-HRESULT SaveStream(IDataStream* stream, const std::string& path);
-HRESULT LoadStream(IDataStream* stream, const std::string& path);
 
 }  // namespace persist_test

@@ -61,9 +61,8 @@ TEST(TimeGetParameters, EachCallBuildsANewSetFromTheCurrentFields) {
 }
 
 TEST(TimeGetParameters, SetComesFromTheGlobalCollectionWhichIsReleasedAgain) {
-    WatchingCollection watching(Kit());
     RecordingParameters recorded(true);
-    watching.parameters = static_cast<IParametersCreatable*>(&recorded);
+    WatchingCollection watching(Kit(), &recorded);
     SmartPtr<ITime> time = NewSampleTime();
     SmartPtr<IParametricObject> parametric = Ask<IParametricObject>(time.get(), IID_IParametricObject);
     {

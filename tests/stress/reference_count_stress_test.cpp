@@ -25,66 +25,66 @@ struct CountViolations {
     std::atomic<std::int64_t> releases{0};
 };
 
-// The caller holds one reference throughout, so no count seen by a thread
-// can drop below 1 or exceed 1 + kThreads * kBatch.
-void HammerReferences(IUnknown* object, CountViolations& seen) {
-    constexpr std::int32_t kMost = 1 + kThreads * kBatch;
+// Runs `round` kRounds times on each of kThreads threads, all released at once.
+template <class Round>
+void RunRoundsOnThreads(const Round& round) {
     std::latch start(kThreads);
     std::vector<std::thread> threads;
     for (int t = 0; t < kThreads; ++t) {
         threads.emplace_back([&] {
             start.arrive_and_wait();
-            for (int round = 0; round < kRounds; ++round) {
-                for (int i = 0; i < kBatch; ++i) {
-                    const std::int32_t count = object->AddRef();
-                    seen.addRefs.fetch_add(1);
-                    if (count < 2 || count > kMost) seen.addRef.fetch_add(1);
-                }
-                for (int i = 0; i < kBatch; ++i) {
-                    const std::int32_t count = object->Release();
-                    seen.releases.fetch_add(1);
-                    if (count < 1 || count > kMost - 1) seen.release.fetch_add(1);
-                }
-            }
+            for (int i = 0; i < kRounds; ++i) round();
         });
     }
     for (std::thread& thread : threads) thread.join();
+}
+
+// The caller holds one reference throughout, so no count seen by a thread
+// can drop below 1 or exceed 1 + kThreads * kBatch.
+void HammerReferences(IUnknown* object, CountViolations& seen) {
+    constexpr std::int32_t kMost = 1 + kThreads * kBatch;
+    RunRoundsOnThreads([&] {
+        for (int i = 0; i < kBatch; ++i) {
+            const std::int32_t count = object->AddRef();
+            seen.addRefs.fetch_add(1);
+            if (count < 2 || count > kMost) seen.addRef.fetch_add(1);
+        }
+        for (int i = 0; i < kBatch; ++i) {
+            const std::int32_t count = object->Release();
+            seen.releases.fetch_add(1);
+            if (count < 1 || count > kMost - 1) seen.release.fetch_add(1);
+        }
+    });
+}
+
+// Hammers `object`, which holds only the caller's reference, then checks
+// every thread saw counts in range and the count is back at 1; the caller's
+// reference is released here.
+void ExpectCountsStayExact(IUnknown* object) {
+    CountViolations seen;
+    HammerReferences(object, seen);
+
+    EXPECT_EQ(seen.addRefs.load(), 128000);
+    EXPECT_EQ(seen.releases.load(), 128000);
+    EXPECT_EQ(seen.addRef.load(), 0);
+    EXPECT_EQ(seen.release.load(), 0);
+    EXPECT_EQ(object->AddRef(), 2);
+    EXPECT_EQ(object->Release(), 1);
+    EXPECT_EQ(object->Release(), 0);
 }
 
 TEST(ReferenceCountStress, TimeCountsStayExactAcrossThreads) {
     ModuleHost host;
     SmartPtr<ITime> created = host.CreateTime<ITime>(HostIID("ITime"));
     ASSERT_TRUE(created);
-    ITime* time = created.detach();
-
-    CountViolations seen;
-    HammerReferences(time, seen);
-
-    EXPECT_EQ(seen.addRefs.load(), 128000);
-    EXPECT_EQ(seen.releases.load(), 128000);
-    EXPECT_EQ(seen.addRef.load(), 0);
-    EXPECT_EQ(seen.release.load(), 0);
-    EXPECT_EQ(time->AddRef(), 2);
-    EXPECT_EQ(time->Release(), 1);
-    EXPECT_EQ(time->Release(), 0);
+    ExpectCountsStayExact(created.detach());
 }
 
 TEST(ReferenceCountStress, DblBufferCountsStayExactAcrossThreads) {
     ModuleHost host;
     SmartPtr<IDblVector> created = host.CreateDblBuffer<IDblVector>(HostIID("IDblVector"));
     ASSERT_TRUE(created);
-    IDblVector* vector = created.detach();
-
-    CountViolations seen;
-    HammerReferences(vector, seen);
-
-    EXPECT_EQ(seen.addRefs.load(), 128000);
-    EXPECT_EQ(seen.releases.load(), 128000);
-    EXPECT_EQ(seen.addRef.load(), 0);
-    EXPECT_EQ(seen.release.load(), 0);
-    EXPECT_EQ(vector->AddRef(), 2);
-    EXPECT_EQ(vector->Release(), 1);
-    EXPECT_EQ(vector->Release(), 0);
+    ExpectCountsStayExact(created.detach());
 }
 
 // QueryInterface hands out references too; threads asking for a second
@@ -97,22 +97,14 @@ TEST(ReferenceCountStress, QueryInterfaceFromThreadsLeavesCountUnchanged) {
     const IID sourceIID = HostIID("IEventSource");
 
     std::atomic<std::int64_t> failures{0};
-    std::latch start(kThreads);
-    std::vector<std::thread> threads;
-    for (int t = 0; t < kThreads; ++t) {
-        threads.emplace_back([&] {
-            start.arrive_and_wait();
-            for (int round = 0; round < kRounds; ++round) {
-                void* source = nullptr;
-                if (vector->QueryInterface(sourceIID, &source) != S_OK || !source) {
-                    failures.fetch_add(1);
-                    continue;
-                }
-                if (static_cast<IUnknown*>(source)->Release() < 1) failures.fetch_add(1);
-            }
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
+    RunRoundsOnThreads([&] {
+        void* source = nullptr;
+        if (vector->QueryInterface(sourceIID, &source) != S_OK || !source) {
+            failures.fetch_add(1);
+            return;
+        }
+        if (static_cast<IUnknown*>(source)->Release() < 1) failures.fetch_add(1);
+    });
 
     EXPECT_EQ(failures.load(), 0);
     EXPECT_EQ(vector->Release(), 0);

@@ -40,15 +40,27 @@ void CountWrite(Outcomes& outcomes, HRESULT hr) {
     }
 }
 
-TEST(VectorStress, ChangesFromThreadsReachTheStandingListenerExactlyOnce) {
-    ModuleHost host;
-    SmartPtr<IDblVector> created = host.CreateDblBuffer<IDblVector>(HostIID("IDblVector"));
-    ASSERT_TRUE(created);
-    IDblVector* vector = created.detach();
-    void* sourceSlot = nullptr;
-    ASSERT_EQ(vector->QueryInterface(HostIID("IEventSource"), &sourceSlot), S_OK);
-    auto* source = static_cast<IEventSource*>(sourceSlot);
+// A DblBuffer and its event source, each held by one reference that the test
+// gives back itself (the last Release of the vector must return 0).
+class VectorStress : public ::testing::Test {
+protected:
+    void SetUp() override {
+        SmartPtr<IDblVector> created = host_.CreateDblBuffer<IDblVector>(HostIID("IDblVector"));
+        ASSERT_TRUE(created);
+        vector = created.detach();
+        void* sourceSlot = nullptr;
+        ASSERT_EQ(vector->QueryInterface(HostIID("IEventSource"), &sourceSlot), S_OK);
+        source = static_cast<IEventSource*>(sourceSlot);
+    }
 
+    IDblVector* vector = nullptr;
+    IEventSource* source = nullptr;
+
+private:
+    ModuleHost host_;
+};
+
+TEST_F(VectorStress, ChangesFromThreadsReachTheStandingListenerExactlyOnce) {
     CountingListener standing;
     std::array<CountingListener, kTransientListeners> transient;
     ASSERT_EQ(source->Advise(&standing, 1), S_OK);
@@ -139,17 +151,9 @@ TEST(VectorStress, ChangesFromThreadsReachTheStandingListenerExactlyOnce) {
 
 // Listeners advised and removed from several threads at once: the table ends
 // empty and every listener holds only the test's reference again.
-TEST(VectorStress, ConcurrentAdviseAndRemoveLeaveNoEntries) {
+TEST_F(VectorStress, ConcurrentAdviseAndRemoveLeaveNoEntries) {
     constexpr int kAdvisors = 4;
     constexpr int kRounds = 500;
-    ModuleHost host;
-    SmartPtr<IDblVector> created = host.CreateDblBuffer<IDblVector>(HostIID("IDblVector"));
-    ASSERT_TRUE(created);
-    IDblVector* vector = created.detach();
-    void* sourceSlot = nullptr;
-    ASSERT_EQ(vector->QueryInterface(HostIID("IEventSource"), &sourceSlot), S_OK);
-    auto* source = static_cast<IEventSource*>(sourceSlot);
-
     std::array<CountingListener, kAdvisors * 3> listeners;
     std::atomic<std::int64_t> failures{0};
     std::latch start(kAdvisors + 1);
