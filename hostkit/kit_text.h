@@ -43,4 +43,13 @@ inline HRESULT ReadString(IString* string, std::wstring_view* text) {
     return S_OK;
 }
 
+// ReadString for an optional text: a null object is the empty text.
+inline HRESULT ReadOptionalString(IString* string, std::wstring_view* text) {
+    if (!string) {
+        *text = {};
+        return S_OK;
+    }
+    return ReadString(string, text);
+}
+
 }  // namespace kit

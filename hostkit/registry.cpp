@@ -29,6 +29,12 @@ HRESULT ReadUtf8(IString* string, std::string* text) {
     return AppendUtf8(wide, text) ? S_OK : E_INVALIDARG;
 }
 
+// Where a value lives, both texts in UTF-8; the section is checked first.
+HRESULT ReadSectionAndKey(IString* section, IString* key, std::string* section_text, std::string* key_text) {
+    const HRESULT hr = ReadUtf8(section, section_text);
+    return FAILED(hr) ? hr : ReadUtf8(key, key_text);
+}
+
 // The file's text; a missing file is an empty registry.
 HRESULT ReadRegistryFile(const std::string& path, std::string* text) {
     if (path.empty()) {
@@ -67,8 +73,7 @@ public:
         return NoThrow([&] {
             std::string section_text;
             std::string key_text;
-            HRESULT hr = ReadUtf8(section, &section_text);
-            if (SUCCEEDED(hr)) hr = ReadUtf8(key, &key_text);
+            HRESULT hr = ReadSectionAndKey(section, key, &section_text, &key_text);
             if (FAILED(hr)) return hr;
             std::string file;
             hr = ReadRegistryFile(Path(), &file);
@@ -93,8 +98,7 @@ public:
         return NoThrow([&] {
             std::string section_text;
             std::string key_text;
-            HRESULT hr = ReadUtf8(section, &section_text);
-            if (SUCCEEDED(hr)) hr = ReadUtf8(key, &key_text);
+            HRESULT hr = ReadSectionAndKey(section, key, &section_text, &key_text);
             if (FAILED(hr)) return hr;
             std::string value_text;
             if (value) {

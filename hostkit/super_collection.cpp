@@ -9,6 +9,7 @@
 #include "hostkit/kit_components.h"
 #include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
+#include "hostkit/named_entries.h"
 
 namespace kit {
 
@@ -62,17 +63,12 @@ public:
     std::int32_t AddRef() override { return AddRefImpl(); }
     std::int32_t Release() override { return ReleaseImpl(); }
 
-    HRESULT GetCount(std::int32_t* count) override {
-        if (!count) return E_POINTER;
-        *count = static_cast<std::int32_t>(entries_.size());
-        return S_OK;
-    }
+    HRESULT GetCount(std::int32_t* count) override { return ReportCount(entries_.size(), count); }
 
     // S_OK with a null *item for an entry added without a value.
     HRESULT GetItem(std::int32_t index, IUnknown** item) override {
-        if (!item) return E_POINTER;
-        *item = nullptr;
-        if (!InRange(index)) return E_INVALIDARG;
+        const HRESULT hr = ClearIndexedOut(item, index, entries_.size());
+        if (FAILED(hr)) return hr;
         IUnknown* value = entries_[static_cast<std::size_t>(index)].value;
         if (value) value->AddRef();
         *item = value;
@@ -81,29 +77,15 @@ public:
 
     // E_FAIL with *index = -1 for an absent name.
     HRESULT FindName(IString* name, std::int32_t* index) override {
-        if (!index) return E_POINTER;
-        *index = -1;
-        std::wstring_view text;
-        const HRESULT hr = ReadString(name, &text);
-        if (FAILED(hr)) return hr;
-        for (std::size_t i = 0; i < entries_.size(); ++i) {
-            if (entries_[i].key == text) {
-                *index = static_cast<std::int32_t>(i);
-                return S_OK;
-            }
-        }
-        return E_FAIL;
+        return FindEntryIndex(entries_, &Entry::key, name, index, E_FAIL);
     }
 
     HRESULT GetItemName(std::int32_t index, IString** name) override {
-        if (!name) return E_POINTER;
-        *name = nullptr;
-        if (!InRange(index)) return E_INVALIDARG;
-        return NewString(entries_[static_cast<std::size_t>(index)].key, name);
+        return EntryName(entries_, &Entry::key, index, name);
     }
 
     HRESULT RemoveItem(std::int32_t index) override {
-        if (!InRange(index)) return E_INVALIDARG;
+        if (!IndexInRange(index, entries_.size())) return E_INVALIDARG;
         // Taken out first: the value's release may re-enter this collection.
         Entry removed = std::move(entries_[static_cast<std::size_t>(index)]);
         entries_.erase(entries_.begin() + index);
@@ -117,18 +99,16 @@ public:
 
     // S_OK with a null *extra for an entry added without a third text.
     HRESULT GetItemExtra(std::int32_t index, IString** extra) override {
-        if (!extra) return E_POINTER;
-        *extra = nullptr;
-        if (!InRange(index)) return E_INVALIDARG;
+        const HRESULT hr = ClearIndexedOut(extra, index, entries_.size());
+        if (FAILED(hr)) return hr;
         const Entry& entry = entries_[static_cast<std::size_t>(index)];
         if (!entry.has_extra) return S_OK;
         return NewString(entry.extra, extra);
     }
 
     HRESULT GetItemFlags(std::int32_t index, std::int32_t* flags) override {
-        if (!flags) return E_POINTER;
-        *flags = 0;
-        if (!InRange(index)) return E_INVALIDARG;
+        const HRESULT hr = ClearIndexedOut(flags, index, entries_.size());
+        if (FAILED(hr)) return hr;
         *flags = entries_[static_cast<std::size_t>(index)].flags;
         return S_OK;
     }
@@ -145,10 +125,8 @@ public:
         HRESULT hr = ReadString(key, &key_text);
         if (FAILED(hr)) return hr;
         std::wstring_view extra_text;
-        if (extra) {
-            hr = ReadString(extra, &extra_text);
-            if (FAILED(hr)) return hr;
-        }
+        hr = ReadOptionalString(extra, &extra_text);
+        if (FAILED(hr)) return hr;
         if (entries_.size() >= kMaxEntries) return E_OUTOFMEMORY;
         return NoThrow([&] {
             Entry entry(std::wstring(key_text), nullptr, std::wstring(extra_text), extra != nullptr, flags);
@@ -164,8 +142,6 @@ private:
 
     // Counts and indexes are 32-bit.
     static constexpr std::size_t kMaxEntries = 0x7FFFFFFF;
-
-    bool InRange(std::int32_t index) const { return index >= 0 && static_cast<std::size_t>(index) < entries_.size(); }
 
     std::vector<Entry> entries_;
 };

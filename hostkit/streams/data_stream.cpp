@@ -1,17 +1,18 @@
 // "DataStream": a memory byte stream; its file form is the raw bytes.
+#include <string>
+#include <utility>
+
 #include "framework_interfaces.h"
-#include "hostkit/creatable_string.h"
 #include "hostkit/kit_components.h"
 #include "hostkit/kit_object.h"
-#include "hostkit/kit_text.h"
-#include "hostkit/streams/byte_store.h"
+#include "hostkit/streams/data_stream_base.h"
 #include "hostkit/streams/stream_file.h"
 
 namespace kit {
 
 namespace {
 
-class DataStream final : public IDataStream, public RefCounted {
+class DataStream final : public streams::DataStreamBase<DataStream>, public RefCounted {
 public:
     DataStream() = default;
 
@@ -21,45 +22,17 @@ public:
     std::int32_t AddRef() override { return AddRefImpl(); }
     std::int32_t Release() override { return ReleaseImpl(); }
 
-    HRESULT Rewind() override {
-        store_.Rewind();
-        return S_OK;
-    }
-    HRESULT GetSize(std::int32_t* size) override { return streams::StreamGetSize(store_, size); }
-    HRESULT GetPosition(std::int32_t* position) override { return streams::StreamGetPosition(store_, position); }
-    HRESULT Read(void* buffer, std::int32_t size, std::int32_t* done) override {
-        return streams::StreamRead(store_, buffer, size, done);
-    }
-    HRESULT Write(const void* buffer, std::int32_t size, std::int32_t* done) override {
-        return NoThrow([&] { return streams::StreamWrite(store_, buffer, size, done); });
-    }
-    HRESULT SaveToFile(std::int32_t length, const wchar_t* path) override {
-        return NoThrow([&] {
-            std::string file;
-            const HRESULT hr = streams::PathFromWide(length, path, &file);
-            if (FAILED(hr)) return hr;
-            return streams::WriteFileAtomically(file, store_.bytes());
-        });
-    }
-    // Any bytes are a valid raw stream; a file that cannot be read leaves
-    // the stream as it was.
-    HRESULT LoadFromFile(std::int32_t length, const wchar_t* path) override {
-        return NoThrow([&] {
-            std::string file;
-            HRESULT hr = streams::PathFromWide(length, path, &file);
-            if (FAILED(hr)) return hr;
-            std::string bytes;
-            hr = streams::ReadWholeFile(file, &bytes);
-            if (FAILED(hr)) return hr;
-            store_.Assign(std::move(bytes));
-            return S_OK;
-        });
-    }
-
 private:
+    friend DataStreamBase;
+
     ~DataStream() override = default;
 
-    streams::ByteStore store_;
+    HRESULT SaveFile(const std::string& file) { return streams::WriteFileAtomically(file, store_.bytes()); }
+    // Any bytes are a valid raw stream.
+    HRESULT LoadFile(std::string&& bytes) {
+        store_.Assign(std::move(bytes));
+        return S_OK;
+    }
 };
 
 }  // namespace

@@ -1,13 +1,15 @@
 // "FolderStream": named binary values, plus a byte area reached through the
 // data stream operations; both go to the file (layout in FORMATS.md).
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "framework_interfaces.h"
-#include "hostkit/creatable_string.h"
 #include "hostkit/kit_components.h"
 #include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
-#include "hostkit/streams/byte_store.h"
+#include "hostkit/named_entries.h"
+#include "hostkit/streams/data_stream_base.h"
 #include "hostkit/streams/folder_format.h"
 #include "hostkit/streams/stream_file.h"
 #include "hostkit/streams/stream_results.h"
@@ -16,7 +18,7 @@ namespace kit {
 
 namespace {
 
-class FolderStream final : public IDataStream, public IFolderStream, public RefCounted {
+class FolderStream final : public streams::DataStreamBase<FolderStream>, public IFolderStream, public RefCounted {
 public:
     FolderStream() = default;
 
@@ -28,48 +30,6 @@ public:
     }
     std::int32_t AddRef() override { return AddRefImpl(); }
     std::int32_t Release() override { return ReleaseImpl(); }
-
-    HRESULT Rewind() override {
-        raw_.Rewind();
-        return S_OK;
-    }
-    HRESULT GetSize(std::int32_t* size) override { return streams::StreamGetSize(raw_, size); }
-    HRESULT GetPosition(std::int32_t* position) override { return streams::StreamGetPosition(raw_, position); }
-    HRESULT Read(void* buffer, std::int32_t size, std::int32_t* done) override {
-        return streams::StreamRead(raw_, buffer, size, done);
-    }
-    HRESULT Write(const void* buffer, std::int32_t size, std::int32_t* done) override {
-        return NoThrow([&] { return streams::StreamWrite(raw_, buffer, size, done); });
-    }
-    HRESULT SaveToFile(std::int32_t length, const wchar_t* path) override {
-        return NoThrow([&] {
-            std::string file;
-            HRESULT hr = streams::PathFromWide(length, path, &file);
-            if (FAILED(hr)) return hr;
-            streams::FolderContent content{values_, std::string(raw_.bytes())};
-            std::string bytes;
-            hr = streams::EncodeFolderFile(content, &bytes);
-            if (FAILED(hr)) return hr;
-            return streams::WriteFileAtomically(file, bytes);
-        });
-    }
-    // A file that cannot be read leaves the stream as it was; a truncated or
-    // corrupted one leaves it empty.
-    HRESULT LoadFromFile(std::int32_t length, const wchar_t* path) override {
-        return NoThrow([&] {
-            std::string file;
-            HRESULT hr = streams::PathFromWide(length, path, &file);
-            if (FAILED(hr)) return hr;
-            std::string bytes;
-            hr = streams::ReadWholeFile(file, &bytes);
-            if (FAILED(hr)) return hr;
-            streams::FolderContent content;
-            hr = streams::DecodeFolderFile(bytes, &content);
-            values_ = std::move(content.values);
-            raw_.Assign(std::move(content.raw));
-            return hr;
-        });
-    }
 
     // IFolderStream; flags are ignored.
     HRESULT WriteValue(IString* name, const void* data, std::int32_t size, std::int32_t /*flags*/) override {
@@ -98,18 +58,9 @@ public:
             return S_OK;
         });
     }
-    HRESULT GetValueCount(std::int32_t* count) override {
-        if (!count) return E_POINTER;
-        *count = static_cast<std::int32_t>(values_.size());
-        return S_OK;
-    }
+    HRESULT GetValueCount(std::int32_t* count) override { return ReportCount(values_.size(), count); }
     HRESULT GetValueName(std::int32_t index, IString** name) override {
-        return NoThrow([&] {
-            if (!name) return E_POINTER;
-            *name = nullptr;
-            if (index < 0 || static_cast<std::size_t>(index) >= values_.size()) return E_INVALIDARG;
-            return NewString(values_[static_cast<std::size_t>(index)].name, name);
-        });
+        return EntryName(values_, &streams::FolderValue::name, index, name);
     }
     HRESULT RemoveValue(IString* name) override {
         return NoThrow([&] {
@@ -135,7 +86,26 @@ public:
     }
 
 private:
+    friend DataStreamBase;
+
     ~FolderStream() override = default;
+
+    // The data stream operations' bytes (store_) go to the file with the values.
+    HRESULT SaveFile(const std::string& file) {
+        streams::FolderContent content{values_, std::string(store_.bytes())};
+        std::string bytes;
+        const HRESULT hr = streams::EncodeFolderFile(content, &bytes);
+        if (FAILED(hr)) return hr;
+        return streams::WriteFileAtomically(file, bytes);
+    }
+    // A truncated or corrupted file leaves the stream empty.
+    HRESULT LoadFile(const std::string& bytes) {
+        streams::FolderContent content;
+        const HRESULT hr = streams::DecodeFolderFile(bytes, &content);
+        values_ = std::move(content.values);
+        store_.Assign(std::move(content.raw));
+        return hr;
+    }
 
     static HRESULT ValueName(IString* name, std::wstring_view* key) {
         const HRESULT hr = ReadString(name, key);
@@ -143,10 +113,8 @@ private:
         return streams::IsValueName(*key) ? S_OK : E_INVALIDARG;
     }
     streams::FolderValue* Find(std::wstring_view key) {
-        for (streams::FolderValue& value : values_) {
-            if (value.name == key) return &value;
-        }
-        return nullptr;
+        const std::ptrdiff_t found = FindEntry(values_, &streams::FolderValue::name, key);
+        return found < 0 ? nullptr : &values_[static_cast<std::size_t>(found)];
     }
     HRESULT Lookup(IString* name, const streams::FolderValue** value) {
         std::wstring_view key;
@@ -157,7 +125,6 @@ private:
     }
 
     std::vector<streams::FolderValue> values_;  // in the order first written; names unique
-    streams::ByteStore raw_;                    // the data stream operations' bytes
 };
 
 }  // namespace

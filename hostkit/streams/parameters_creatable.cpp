@@ -1,10 +1,10 @@
 // "ParametersCreatable": a named collection of parameter values that saves
 // and loads itself through XML and folder streams.
 #include "framework_interfaces.h"
-#include "hostkit/creatable_string.h"
 #include "hostkit/kit_components.h"
 #include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
+#include "hostkit/named_entries.h"
 #include "hostkit/streams/byte_store.h"
 #include "hostkit/streams/parameter_entry.h"
 #include "hostkit/streams/parameters_folder.h"
@@ -31,47 +31,27 @@ public:
     std::int32_t Release() override { return ReleaseImpl(); }
 
     // INamedCollection
-    HRESULT GetCount(std::int32_t* count) override {
-        if (!count) return E_POINTER;
-        *count = static_cast<std::int32_t>(entries_.size());
-        return S_OK;
-    }
+    HRESULT GetCount(std::int32_t* count) override { return ReportCount(entries_.size(), count); }
     // A new variant holding a copy of the entry's value.
     HRESULT GetItem(std::int32_t index, IUnknown** item) override {
         return NoThrow([&] {
-            if (!item) return E_POINTER;
-            *item = nullptr;
-            if (!InRange(index)) return E_INVALIDARG;
+            HRESULT hr = ClearIndexedOut(item, index, entries_.size());
+            if (FAILED(hr)) return hr;
             IVariant* variant = nullptr;
-            const HRESULT hr = streams::VariantFromEntry(entries_[static_cast<std::size_t>(index)], &variant);
+            hr = streams::VariantFromEntry(entries_[static_cast<std::size_t>(index)], &variant);
             if (SUCCEEDED(hr)) *item = variant;
             return hr;
         });
     }
     // *index is -1 and the result kE_NameNotFound for an absent name.
     HRESULT FindName(IString* name, std::int32_t* index) override {
-        return NoThrow([&] {
-            if (!index) return E_POINTER;
-            *index = -1;
-            std::wstring_view key;
-            const HRESULT hr = ReadString(name, &key);
-            if (FAILED(hr)) return hr;
-            const std::ptrdiff_t found = Find(key);
-            if (found < 0) return kE_NameNotFound;
-            *index = static_cast<std::int32_t>(found);
-            return S_OK;
-        });
+        return FindEntryIndex(entries_, &streams::ParameterEntry::name, name, index, kE_NameNotFound);
     }
     HRESULT GetItemName(std::int32_t index, IString** name) override {
-        return NoThrow([&] {
-            if (!name) return E_POINTER;
-            *name = nullptr;
-            if (!InRange(index)) return E_INVALIDARG;
-            return NewString(entries_[static_cast<std::size_t>(index)].name, name);
-        });
+        return EntryName(entries_, &streams::ParameterEntry::name, index, name);
     }
     HRESULT RemoveItem(std::int32_t index) override {
-        if (!InRange(index)) return E_INVALIDARG;
+        if (!IndexInRange(index, entries_.size())) return E_INVALIDARG;
         entries_.erase(entries_.begin() + index);
         return S_OK;
     }
@@ -105,7 +85,7 @@ public:
             streams::ParameterEntry entry;
             hr = streams::EntryFromVariant(value, &entry);
             if (FAILED(hr)) return hr;
-            const std::ptrdiff_t found = Find(key);
+            const std::ptrdiff_t found = FindEntry(entries_, &streams::ParameterEntry::name, key);
             if (found >= 0) {
                 entry.name = std::move(entries_[static_cast<std::size_t>(found)].name);
                 entries_[static_cast<std::size_t>(found)] = std::move(entry);
@@ -157,14 +137,6 @@ public:
 
 private:
     ~ParametersCreatable() override = default;
-
-    bool InRange(std::int32_t index) const { return index >= 0 && static_cast<std::size_t>(index) < entries_.size(); }
-    std::ptrdiff_t Find(std::wstring_view name) const {
-        for (std::size_t i = 0; i < entries_.size(); ++i) {
-            if (entries_[i].name == name) return static_cast<std::ptrdiff_t>(i);
-        }
-        return -1;
-    }
 
     streams::ParameterEntries entries_;  // in the order added; names unique
 };

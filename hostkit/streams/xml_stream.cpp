@@ -1,13 +1,13 @@
 // "XMLStream": XML text built element by element, readable as bytes (UTF-8)
 // and as one framework text; its file form is a well-formed XML document.
 #include <string>
+#include <utility>
 
 #include "framework_interfaces.h"
-#include "hostkit/creatable_string.h"
 #include "hostkit/kit_components.h"
 #include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
-#include "hostkit/streams/byte_store.h"
+#include "hostkit/streams/data_stream_base.h"
 #include "hostkit/streams/stream_file.h"
 #include "hostkit/streams/stream_results.h"
 #include "hostkit/streams/text_codec.h"
@@ -18,7 +18,10 @@ namespace kit {
 
 namespace {
 
-class XmlStream final : public IDataStream, public IXMLStream, public IString, public RefCounted {
+class XmlStream final : public streams::DataStreamBase<XmlStream>,
+                        public IXMLStream,
+                        public IString,
+                        public RefCounted {
 public:
     XmlStream() = default;
 
@@ -31,53 +34,6 @@ public:
     }
     std::int32_t AddRef() override { return AddRefImpl(); }
     std::int32_t Release() override { return ReleaseImpl(); }
-
-    // IDataStream: the text's UTF-8 bytes. Writing bytes ends any element
-    // building in progress.
-    HRESULT Rewind() override {
-        store_.Rewind();
-        return S_OK;
-    }
-    HRESULT GetSize(std::int32_t* size) override { return streams::StreamGetSize(store_, size); }
-    HRESULT GetPosition(std::int32_t* position) override { return streams::StreamGetPosition(store_, position); }
-    HRESULT Read(void* buffer, std::int32_t size, std::int32_t* done) override {
-        return streams::StreamRead(store_, buffer, size, done);
-    }
-    HRESULT Write(const void* buffer, std::int32_t size, std::int32_t* done) override {
-        return NoThrow([&] {
-            const HRESULT hr = streams::StreamWrite(store_, buffer, size, done);
-            if (SUCCEEDED(hr) && size > 0) TextReplaced();
-            return hr;
-        });
-    }
-    HRESULT SaveToFile(std::int32_t length, const wchar_t* path) override {
-        return NoThrow([&] {
-            std::string file;
-            HRESULT hr = streams::PathFromWide(length, path, &file);
-            if (FAILED(hr)) return hr;
-            std::string document;
-            hr = streams::XmlDocumentFromText(store_.bytes(), &document);
-            if (FAILED(hr)) return hr;
-            return streams::WriteFileAtomically(file, document);
-        });
-    }
-    // A file that cannot be read leaves the stream as it was; one that is not
-    // a well-formed document leaves it empty.
-    HRESULT LoadFromFile(std::int32_t length, const wchar_t* path) override {
-        return NoThrow([&] {
-            std::string file;
-            HRESULT hr = streams::PathFromWide(length, path, &file);
-            if (FAILED(hr)) return hr;
-            std::string bytes;
-            hr = streams::ReadWholeFile(file, &bytes);
-            if (FAILED(hr)) return hr;
-            std::string text;
-            hr = streams::XmlTextFromDocument(bytes, &text);
-            store_.Assign(SUCCEEDED(hr) ? std::move(text) : std::string());
-            TextReplaced();
-            return hr;
-        });
-    }
 
     // IXMLStream. Attribute objects are not supported (null only); flags are
     // ignored.
@@ -96,10 +52,8 @@ public:
             HRESULT hr = ReadString(name, &attribute);
             if (FAILED(hr)) return hr;
             std::wstring_view text;
-            if (value) {
-                hr = ReadString(value, &text);
-                if (FAILED(hr)) return hr;
-            }
+            hr = ReadOptionalString(value, &text);
+            if (FAILED(hr)) return hr;
             return Changed(builder_.Attribute(store_, attribute, text));
         });
     }
@@ -110,10 +64,8 @@ public:
             HRESULT hr = ReadString(name, &tag);
             if (FAILED(hr)) return hr;
             std::wstring_view text;
-            if (value) {
-                hr = ReadString(value, &text);
-                if (FAILED(hr)) return hr;
-            }
+            hr = ReadOptionalString(value, &text);
+            if (FAILED(hr)) return hr;
             return Changed(builder_.Element(store_, tag, text));
         });
     }
@@ -154,7 +106,27 @@ public:
     }
 
 private:
+    friend DataStreamBase;
+
     ~XmlStream() override = default;
+
+    // The data stream operations reach the text's UTF-8 bytes (store_).
+    // Writing bytes ends any element building in progress.
+    void BytesWritten() { TextReplaced(); }
+    HRESULT SaveFile(const std::string& file) {
+        std::string document;
+        const HRESULT hr = streams::XmlDocumentFromText(store_.bytes(), &document);
+        if (FAILED(hr)) return hr;
+        return streams::WriteFileAtomically(file, document);
+    }
+    // A file that is not a well-formed document leaves the stream empty.
+    HRESULT LoadFile(const std::string& bytes) {
+        std::string text;
+        const HRESULT hr = streams::XmlTextFromDocument(bytes, &text);
+        store_.Assign(SUCCEEDED(hr) ? std::move(text) : std::string());
+        TextReplaced();
+        return hr;
+    }
 
     static HRESULT EncodeText(std::int32_t length, const wchar_t* text, std::string* bytes) {
         const HRESULT hr = CheckText(length, text);
@@ -170,7 +142,6 @@ private:
         wide_stale_ = true;
     }
 
-    streams::ByteStore store_;     // the text as UTF-8
     streams::XmlBuilder builder_;  // elements opened and not yet ended
     std::wstring wide_;            // the text as handed out by GetString
     bool wide_stale_ = false;      // wide_ no longer matches store_
