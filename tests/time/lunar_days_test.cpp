@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 constexpr double kMonth = 29.53059413580247;
@@ -56,18 +59,11 @@ namespace {
 // negative remainder.
 double WalkedLunarDays(std::int16_t day, std::int16_t year, bool shifted) {
     const auto monthsAt = [](int position) {
-        switch (position % 19) {
-            case 0:
-            case 3:
-            case 6:
-            case 8:
-            case 11:
-            case 14:
-            case 17:
-                return 13;
-            default:
-                return 12;
-        }
+        constexpr int kLongPositions[] = {0, 3, 6, 8, 11, 14, 17};
+        const int remainder = position % 19;
+        return std::find(std::begin(kLongPositions), std::end(kLongPositions), remainder) != std::end(kLongPositions)
+                   ? 13
+                   : 12;
     };
     int months = (year / 19) * 235;
     const int r = (year - 1) % 19;
