@@ -30,14 +30,11 @@ inline constexpr auto kMinuteFractions = [] {
     return a;
 }();
 
-constexpr bool IsMidnight(const tagDATETIME* date) { return (date->Hour | date->Minute) == 0 && date->Second == 0.0f; }
-
 }  // namespace cal
 
 // (Hour / 24 + Minute / 1440) + Second / 86400: the time of day as a
 // fraction of a day, not reduced to [0, 1).
 inline double DayFraction(const tagDATETIME* date) {
-    if (cal::IsMidnight(date)) return 0.0;
     const int h = date->Hour;
     const int m = date->Minute;
     const double hours = h >= 0 && h < 24 ? cal::kHourFractions[static_cast<std::size_t>(h)] : h / 24.0;
@@ -51,10 +48,7 @@ inline double DayFraction(const tagDATETIME* date) {
 // Gregorian date and time of day to day number. BC years and year 0 follow
 // the complement rule, so no date yields 2.0 and year 0 overlaps AD 1.
 inline double GregorianToJDN(const tagDATETIME* date) {
-    const double days = cal::GregorianElapsedDays(date->Day, date->Month, date->Year) + cal::kGregorianShift;
-    // A whole day count is never -0.0, so adding midnight's 0.0 changes nothing.
-    if (cal::IsMidnight(date)) return days;
-    return days + DayFraction(date);
+    return (cal::GregorianElapsedDays(date->Day, date->Month, date->Year) + cal::kGregorianShift) + DayFraction(date);
 }
 // Writes Day, Month, Year, Hour, Minute, Second; always 0. 31 December of a
 // century year not divisible by 400 comes back as day 1 of month 13.

@@ -6,34 +6,23 @@
 #include "calendar/datetime.h"
 #include "time/calendar_kinds.h"
 
-// The carrying itself, for every date: the lengths of the date's year and
-// month are looked up before each step.
-void CarryDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year, tagDATETIME& date) noexcept;
-
-// The shortest of months 1 to 12 under the kind's rules. Hebrew years are
-// also longer than 29 days and have at least 12 months, so a date within
-// these bounds carries nothing.
-constexpr std::int16_t ShortestMonth(std::int32_t kind) noexcept {
-    return kind == kCalendarHebrewFlagOne || kind == kCalendarHebrewFlagZero ? 29 : 28;
-}
-
 // Stores day, month and year into date and carries overflow only: a negative
 // month borrows one year, days beyond the year carry whole years, days beyond
 // the month carry months, months beyond the year carry years. Zero and
 // negative days are kept, and month 0 stays 0; stored dates depend on it. The
-// time fields are left alone. A date that cannot carry (month 1 to 12, day
-// within the kind's shortest month) is stored without looking up any length.
-constexpr bool DateCannotCarry(std::int32_t kind, std::int16_t day, std::int16_t month) noexcept {
-    return month >= 1 && month <= 12 && day <= ShortestMonth(kind);
+// time fields are left alone. The lengths of the date's year and month are
+// looked up before each step.
+void CarryDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year, tagDATETIME& date) noexcept;
+
+// The shortest of months 1 to 12 under the kind's rules. Hebrew years are
+// also longer than 29 days and have at least 12 months, so a date within
+// these bounds carries nothing and can be stored as given.
+constexpr std::int16_t ShortestMonth(std::int32_t kind) noexcept {
+    return kind == kCalendarHebrewFlagOne || kind == kCalendarHebrewFlagZero ? 29 : 28;
 }
 
-inline void NormaliseDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year,
-                          tagDATETIME& date) noexcept {
-    if (DateCannotCarry(kind, day, month)) {
-        date.Day = day;
-        date.Month = month;
-        date.Year = year;
-        return;
-    }
-    CarryDate(kind, day, month, year, date);
+// True when CarryDate would store the date as given: month 1 to 12 and a day
+// no later than the kind's shortest month.
+constexpr bool DateCannotCarry(std::int32_t kind, std::int16_t day, std::int16_t month) noexcept {
+    return month >= 1 && month <= 12 && day <= ShortestMonth(kind);
 }
