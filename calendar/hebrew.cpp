@@ -4,6 +4,7 @@
 #include "calendar/hebrew_months.h"
 #include "calendar/hebrew_year.h"
 #include "calendar/hebrew_year_table.h"
+#include "calendar/whole_days.h"
 
 double SDHebrew = 0.0;
 
@@ -41,10 +42,7 @@ constexpr CoarseMonthTables MakeCoarseMonthTables() {
 constexpr CoarseMonthTables kCoarseMonths = MakeCoarseMonthTables();
 
 // Floor of a value known to lie well inside the 64-bit range.
-std::int64_t FloorOf(double x) {
-    const auto truncated = static_cast<std::int64_t>(x);
-    return static_cast<double>(truncated) > x ? truncated - 1 : truncated;
-}
+std::int64_t FloorOf(double x) { return static_cast<std::int64_t>(cal::FloorWhole(x)); }
 
 // Floor of a day count, NaN read as 0. Counts beyond 2^40 days (far outside
 // 16-bit years) are clamped so the molad arithmetic stays within 64 bits.
@@ -136,7 +134,7 @@ short CHebrew::DaysInYear(short year, short* postponement) {
 void CHebrew::SetEllapsedDays(double days, int) { SetDateFromDayCount(days, FlagIndex(flag), *this); }
 
 int CoarseHebrewMonths(std::int16_t year, short flag) {
-    const int f = flag != 0 ? 1 : 0;
+    const int f = FlagIndex(flag);
     const int y = year;
     int months = (y / 19) * kMonthsPerCycle;
     // Whole cycles come from y / 19 but the rest from (y - 1) mod 19, so a
