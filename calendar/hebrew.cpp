@@ -41,16 +41,13 @@ constexpr CoarseMonthTables MakeCoarseMonthTables() {
 }
 constexpr CoarseMonthTables kCoarseMonths = MakeCoarseMonthTables();
 
-// Floor of a value known to lie well inside the 64-bit range.
-std::int64_t FloorOf(double x) { return static_cast<std::int64_t>(cal::FloorWhole(x)); }
-
 // Floor of a day count, NaN read as 0. Counts beyond 2^40 days (far outside
 // 16-bit years) are clamped so the molad arithmetic stays within 64 bits.
 std::int64_t WholeDayCount(double days) {
     constexpr std::int64_t kLargestDayCount = std::int64_t{1} << 40;
     constexpr auto kLimit = static_cast<double>(kLargestDayCount);
     if (days >= kLimit) return kLargestDayCount;
-    if (days >= -kLimit) return FloorOf(days);
+    if (days >= -kLimit) return cal::FloorInRange(days);
     if (days < -kLimit) return -kLargestDayCount;
     return 0;  // NaN
 }
@@ -90,7 +87,7 @@ void SetDateFromDayCount(double days, int flag, tagDATETIME& date) {
     // by more than a day) and the walk back ends within three years; a year
     // that starts on the day of its molad is found even when the molad falls
     // later that day.
-    std::int64_t year = FloorOf(static_cast<double>(target) / kMeanYear) + 2;
+    std::int64_t year = cal::FloorInRange(static_cast<double>(target) / kMeanYear) + 2;
     if (year - 2 >= cal::kHebrewTableFirstYear && year <= cal::kHebrewTableLastYear) {
         // Starts increase through the table, so the years of the walk whose
         // start is after the count are a run from the estimate down: count

@@ -11,12 +11,17 @@ namespace cal {
 
 inline constexpr double kExactIntegerLimit = 4503599627370496.0;  // 2^52; larger doubles are whole
 
+// floor(x) as an integer, for x known to lie inside (-2^52, 2^52).
+constexpr std::int64_t FloorInRange(double x) {
+    const auto truncated = static_cast<std::int64_t>(x);
+    return static_cast<double>(truncated) > x ? truncated - 1 : truncated;
+}
+
 // std::floor(x).
 inline double FloorWhole(double x) {
     if (!(std::fabs(x) < kExactIntegerLimit)) return std::floor(x);
-    const auto truncated = static_cast<double>(static_cast<std::int64_t>(x));
-    const double floored = truncated > x ? truncated - 1.0 : truncated;
-    return std::copysign(floored, x);  // floor(-0.5) is -1, floor(-0.0) is -0.0
+    // floor(-0.5) is -1, floor(-0.0) is -0.0
+    return std::copysign(static_cast<double>(FloorInRange(x)), x);
 }
 
 // The fractional part std::modf(x, ...) returns, with the sign of x.
