@@ -101,21 +101,23 @@ void DayToGregorian_DateH(benchmark::State& state) {
     }
 }
 
-void DayToGregorian_Icu(benchmark::State& state) {
-    auto calendar = IcuGregorian();
+// ICU: day number → date of the calendar's own kind, read field by field.
+void IcuFromDayNumber(benchmark::State& state, icu::Calendar& calendar) {
     const auto& in = Dates().daysSince1970;
     std::size_t i = 0;
     for (auto _ : state) {
         UErrorCode status = U_ZERO_ERROR;
-        calendar->setTime(in[i++ & kInputMask] * kMillisecondsPerDay, status);
-        const int32_t day = calendar->get(UCAL_DATE, status);
-        const int32_t month = calendar->get(UCAL_MONTH, status);
-        const int32_t year = calendar->get(UCAL_EXTENDED_YEAR, status);
+        calendar.setTime(in[i++ & kInputMask] * kMillisecondsPerDay, status);
+        const int32_t day = calendar.get(UCAL_DATE, status);
+        const int32_t month = calendar.get(UCAL_MONTH, status);
+        const int32_t year = calendar.get(UCAL_EXTENDED_YEAR, status);
         benchmark::DoNotOptimize(day);
         benchmark::DoNotOptimize(month);
         benchmark::DoNotOptimize(year);
     }
 }
+
+void DayToGregorian_Icu(benchmark::State& state) { IcuFromDayNumber(state, *IcuGregorian()); }
 
 // Julian, both directions per iteration.
 void JulianBoth_Module(benchmark::State& state) {
@@ -173,17 +175,11 @@ void DayToHebrew_Icu(benchmark::State& state) {
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::Calendar> calendar(
         icu::Calendar::createInstance(icu::TimeZone::getGMT()->clone(), icu::Locale("und@calendar=hebrew"), status));
-    const auto& in = Dates().daysSince1970;
-    std::size_t i = 0;
-    for (auto _ : state) {
-        calendar->setTime(in[i++ & kInputMask] * kMillisecondsPerDay, status);
-        const int32_t day = calendar->get(UCAL_DATE, status);
-        const int32_t month = calendar->get(UCAL_MONTH, status);
-        const int32_t year = calendar->get(UCAL_EXTENDED_YEAR, status);
-        benchmark::DoNotOptimize(day);
-        benchmark::DoNotOptimize(month);
-        benchmark::DoNotOptimize(year);
+    if (U_FAILURE(status) || !calendar) {
+        state.SkipWithError("ICU has no Hebrew calendar");
+        return;
     }
+    IcuFromDayNumber(state, *calendar);
 }
 
 void HebrewToDay_Module(benchmark::State& state) { ToDayNumber(state, 4, Dates().hebrewModule.data()); }

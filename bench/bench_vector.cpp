@@ -64,15 +64,19 @@ SmartPtr<IDblVector> FullVector() {
     return vector;
 }
 
-void Append_Module(benchmark::State& state) {
-    SmartPtr<IDblVector> vector = Vector();
-    IDblVector* v = vector.get();
+// Module: appends through IDblVector.
+void AppendLoop(benchmark::State& state, IDblVector* v) {
     const auto& in = SkyDates().starDate;
     std::size_t i = 0;
     for (auto _ : state) {
         const HRESULT result = v->put_Element(-1, in[i++ & kInputMask]);
         benchmark::DoNotOptimize(result);
     }
+}
+
+void Append_Module(benchmark::State& state) {
+    SmartPtr<IDblVector> vector = Vector();
+    AppendLoop(state, vector.get());
 }
 
 void Append_Boost(benchmark::State& state) {
@@ -149,13 +153,7 @@ void AppendListener_Module(benchmark::State& state) {
         state.SkipWithError(("Advise returned " + std::to_string(advised)).c_str());
         return;
     }
-    IDblVector* v = vector.get();
-    const auto& in = SkyDates().starDate;
-    std::size_t i = 0;
-    for (auto _ : state) {
-        const HRESULT result = v->put_Element(-1, in[i++ & kInputMask]);
-        benchmark::DoNotOptimize(result);
-    }
+    AppendLoop(state, vector.get());
     source->Advise(&listener, 0);
 }
 
