@@ -8,6 +8,7 @@ packages=(
   libhowardhinnant-date-dev libhdate-dev hdate libnova-dev libicu-dev libboost-dev
   libcli11-dev nlohmann-json3-dev libpugixml-dev
   clang libclang-rt-14-dev valgrind clang-format clang-tidy
+  dpkg-dev file pkgconf
 )
 missing=()
 for p in "${packages[@]}"; do
