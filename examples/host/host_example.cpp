@@ -197,7 +197,9 @@ void SaveAndLoad(const calendar_module::ModuleHost& host) {
 int main() {
     const calendar_module::ModuleFolder folder =
         calendar_module::FindModuleFolder(calendar_module::kModuleFolderVariable, {CALENDAR_MODULE_DIR});
-    std::printf("       module folder %s (%s)\n", folder.path.c_str(), folder.source.c_str());
+    const bool fromEnvironment = folder.source == calendar_module::kModuleFolderVariable;
+    std::printf("       module folder %s (%s)\n", folder.path.c_str(),
+                fromEnvironment ? "from CALENDAR_MODULE_DIR" : "from the CalendarModule package");
     const calendar_module::ModuleHost host(folder.path);
     if (!host.loaded()) {
         std::fprintf(stderr, "host_example: %s\n", host.failure().Message().c_str());
