@@ -323,11 +323,14 @@ inline ModuleFolder FindModuleFolder(const char* variable, std::initializer_list
     const std::string executable = ExecutableFolder();
     ModuleFolder first;
     for (std::string_view candidate : candidates) {
-        std::string path(candidate);
-        if (!candidate.starts_with('/')) {
-            path = executable == "/" ? "/" + path : executable + "/" + path;
+        const bool relative = !candidate.starts_with('/');
+        std::string path;
+        if (relative) {
+            path = executable;
+            if (path.back() != '/') path += '/';
         }
-        const char* source = candidate.starts_with('/') ? "fixed path" : "relative to the executable";
+        path.append(candidate);
+        const char* source = relative ? "relative to the executable" : "fixed path";
         if (access(ModulePath(path, kCalendarModule).c_str(), R_OK) == 0) return ModuleFolder{path, source, true};
         if (first.path.empty()) first = ModuleFolder{path, source, false};
     }

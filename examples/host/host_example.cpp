@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -192,9 +193,7 @@ void SaveAndLoad(const calendar_module::ModuleHost& host) {
     Check(month == 2024 && year == 0, "the stored Year lands in the month field, the year keeps its value");
 }
 
-}  // namespace
-
-int main() {
+int Run() {
     const calendar_module::ModuleFolder folder =
         calendar_module::FindModuleFolder(calendar_module::kModuleFolderVariable, {CALENDAR_MODULE_DIR});
     const bool fromEnvironment = folder.source == calendar_module::kModuleFolderVariable;
@@ -218,4 +217,15 @@ int main() {
         std::printf("host example: %d of %d checks failed\n", gFailures, gChecks);
     }
     return gFailures == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+int main() {
+    try {
+        return Run();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "host_example: %s\n", error.what());
+        return 1;
+    }
 }

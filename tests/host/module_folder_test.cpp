@@ -12,7 +12,7 @@ using calendar_module::FindModuleFolder;
 using calendar_module::ModuleFolder;
 
 constexpr const char* kVariable = "HOST_HELPER_TEST_MODULE_DIR";
-const std::string kBuildFolder = std::string(CAL_BUILD_DIR) + "/_binlinux";
+std::string BuildFolder() { return std::string(CAL_BUILD_DIR) + "/_binlinux"; }
 
 class FindModuleFolderTest : public testing::Test {
 protected:
@@ -28,32 +28,32 @@ TEST(ExecutableFolder, IsTheFolderOfTheRunningBinary) {
 TEST_F(FindModuleFolderTest, VariableWinsEvenWhenItHoldsNoModule) {
     const TemporaryFolder folder;
     setenv(kVariable, folder.path().c_str(), 1);
-    const ModuleFolder found = FindModuleFolder(kVariable, {kBuildFolder});
+    const ModuleFolder found = FindModuleFolder(kVariable, {BuildFolder()});
     EXPECT_EQ(found.path, folder.path());
     EXPECT_EQ(found.source, kVariable);
     EXPECT_FALSE(found.found);
 }
 
 TEST_F(FindModuleFolderTest, VariableHoldingTheModuleIsFound) {
-    setenv(kVariable, kBuildFolder.c_str(), 1);
+    setenv(kVariable, BuildFolder().c_str(), 1);
     const ModuleFolder found = FindModuleFolder(kVariable, {"nowhere"});
-    EXPECT_EQ(found.path, kBuildFolder);
+    EXPECT_EQ(found.path, BuildFolder());
     EXPECT_EQ(found.source, kVariable);
     EXPECT_TRUE(found.found);
 }
 
 TEST_F(FindModuleFolderTest, EmptyVariableIsPassedOver) {
     setenv(kVariable, "", 1);
-    const ModuleFolder found = FindModuleFolder(kVariable, {kBuildFolder});
-    EXPECT_EQ(found.path, kBuildFolder);
+    const ModuleFolder found = FindModuleFolder(kVariable, {BuildFolder()});
+    EXPECT_EQ(found.path, BuildFolder());
     EXPECT_EQ(found.source, "fixed path");
     EXPECT_TRUE(found.found);
 }
 
 TEST_F(FindModuleFolderTest, FirstCandidateHoldingTheModuleIsTaken) {
     const TemporaryFolder empty;
-    const ModuleFolder found = FindModuleFolder(kVariable, {empty.path(), kBuildFolder, "../../_binlinux"});
-    EXPECT_EQ(found.path, kBuildFolder);
+    const ModuleFolder found = FindModuleFolder(kVariable, {empty.path(), BuildFolder(), "../../_binlinux"});
+    EXPECT_EQ(found.path, BuildFolder());
     EXPECT_TRUE(found.found);
 }
 
@@ -62,7 +62,7 @@ TEST_F(FindModuleFolderTest, RelativeCandidateStartsAtTheExecutable) {
     EXPECT_EQ(found.path, calendar_module::ExecutableFolder() + "/" + MODULE_DIR_FROM_TEST);
     EXPECT_EQ(found.source, "relative to the executable");
     EXPECT_TRUE(found.found);
-    EXPECT_EQ(std::filesystem::canonical(found.path), std::filesystem::canonical(kBuildFolder));
+    EXPECT_EQ(std::filesystem::canonical(found.path), std::filesystem::canonical(BuildFolder()));
 }
 
 TEST_F(FindModuleFolderTest, NothingFoundGivesTheFirstCandidate) {
@@ -74,8 +74,8 @@ TEST_F(FindModuleFolderTest, NothingFoundGivesTheFirstCandidate) {
 
 TEST_F(FindModuleFolderTest, NoVariableNameReadsNoEnvironment) {
     setenv(kVariable, "/", 1);
-    const ModuleFolder found = FindModuleFolder(nullptr, {kBuildFolder});
-    EXPECT_EQ(found.path, kBuildFolder);
+    const ModuleFolder found = FindModuleFolder(nullptr, {BuildFolder()});
+    EXPECT_EQ(found.path, BuildFolder());
     EXPECT_TRUE(found.found);
 }
 

@@ -11,10 +11,10 @@ namespace {
 using calendar_module::CollectionUse;
 using calendar_module::ModuleHost;
 
-const std::string kBuildFolder = std::string(CAL_BUILD_DIR) + "/_binlinux";
+std::string BuildFolder() { return std::string(CAL_BUILD_DIR) + "/_binlinux"; }
 
 TEST(ModuleHostCollection, InstallingHandsTheModuleOneReference) {
-    const ModuleHost host(kBuildFolder, CollectionUse::HostOnly);
+    const ModuleHost host(BuildFolder(), CollectionUse::HostOnly);
     ASSERT_TRUE(host.loaded()) << host.failure().Message();
     IComponentCollection* collection = host.collection();
     EXPECT_EQ(collection->AddRef(), 2);  // the host's and this probe's
@@ -34,14 +34,14 @@ TEST(ModuleHostCollection, InstallingHandsTheModuleOneReference) {
 }
 
 TEST(ModuleHostCollection, DefaultLoadInstallsTheCollection) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     ASSERT_TRUE(host.loaded()) << host.failure().Message();
     EXPECT_EQ(host.collection()->AddRef(), 3);
     EXPECT_EQ(host.collection()->Release(), 2);
 }
 
 TEST(ModuleHostCreate, TimeComesWithOneReference) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     HRESULT hr = E_FAIL;
     SmartPtr<ITime> time = host.CreateTime(&hr);
     EXPECT_EQ(hr, S_OK);
@@ -56,7 +56,7 @@ TEST(ModuleHostCreate, TimeComesWithOneReference) {
 }
 
 TEST(ModuleHostCreate, DblBufferComesWithOneReference) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     HRESULT hr = E_FAIL;
     SmartPtr<IDblVector> vector = host.CreateDblBuffer(&hr);
     EXPECT_EQ(hr, S_OK);
@@ -70,7 +70,7 @@ TEST(ModuleHostCreate, DblBufferComesWithOneReference) {
 }
 
 TEST(ModuleHostCreate, ByNameAnswersTheRequestedInterface) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     SmartPtr<IUnknown> unknown = host.Create<IUnknown>(L"Time", IID_IUnknown);
     ASSERT_TRUE(unknown);
     SmartPtr<ITime> time;
@@ -80,7 +80,7 @@ TEST(ModuleHostCreate, ByNameAnswersTheRequestedInterface) {
 }
 
 TEST(ModuleHostCreate, UnknownNameFailsWithEFail) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     HRESULT hr = S_OK;
     EXPECT_FALSE(host.Create<IUnknown>(L"Clock", IID_IUnknown, &hr));
     EXPECT_EQ(hr, E_FAIL);
@@ -89,20 +89,20 @@ TEST(ModuleHostCreate, UnknownNameFailsWithEFail) {
 }
 
 TEST(ModuleHostCreate, UnsupportedInterfaceGivesTheFactorysCode) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     void* object = &object;
     EXPECT_EQ(host.CreateComponent(L"Time", IIDFromName("IDblVector"), &object), E_NOINTERFACE);
     EXPECT_EQ(object, nullptr);
 }
 
 TEST(ModuleHostCreate, NullResultSlotIsEPointer) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     EXPECT_EQ(host.CreateComponent(L"Time", IIDFromName("ITime"), nullptr), E_POINTER);
     EXPECT_EQ(host.CreateKitComponent(L"DataStream", IIDFromName("IDataStream"), nullptr), E_POINTER);
 }
 
 TEST(ModuleHostCreate, KitComponentsComeFromTheCollection) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     HRESULT hr = E_FAIL;
     SmartPtr<IDataStream> stream = host.CreateKit<IDataStream>(L"XMLStream", IIDFromName("IDataStream"), &hr);
     EXPECT_EQ(hr, S_OK);
@@ -115,7 +115,7 @@ TEST(ModuleHostCreate, KitComponentsComeFromTheCollection) {
 }
 
 TEST(ModuleHostCreate, UnknownKitComponentGivesTheCollectionsCode) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     void* object = &object;
     EXPECT_EQ(host.CreateKitComponent(L"NoSuchStream", IIDFromName("IDataStream"), &object), E_FAIL);
     EXPECT_EQ(object, nullptr);
@@ -134,7 +134,7 @@ TEST(ModuleHostCreate, HostThatFailedToLoadCreatesNothing) {
 }
 
 TEST(ModuleHostCreate, MovedHostKeepsItsObjectsUsable) {
-    ModuleHost first(kBuildFolder);
+    ModuleHost first(BuildFolder());
     SmartPtr<ITime> time = first.CreateTime();
     const ModuleHost second(std::move(first));
     ASSERT_TRUE(second.loaded());

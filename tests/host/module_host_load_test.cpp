@@ -10,30 +10,29 @@
 
 namespace {
 
-using calendar_module::CollectionUse;
 using calendar_module::LoadFailure;
 using calendar_module::ModuleHost;
 using calendar_module::ModuleLibrary;
 using calendar_module::ModuleLoadError;
 
-const std::string kBuildFolder = std::string(CAL_BUILD_DIR) + "/_binlinux";
-const std::string kBuildCalendar = kBuildFolder + "/Calendar.so";
-const std::string kBuildKit = kBuildFolder + "/CollectionsEx.so";
+std::string BuildFolder() { return std::string(CAL_BUILD_DIR) + "/_binlinux"; }
+std::string BuildCalendar() { return BuildFolder() + "/Calendar.so"; }
+std::string BuildKit() { return BuildFolder() + "/CollectionsEx.so"; }
 constexpr const char* kNoFile = "cannot open shared object file: No such file or directory";
 
 TEST(ModuleHostLoad, LoadsBothLibrariesFromTheFolder) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     ASSERT_TRUE(host.loaded()) << host.failure().Message();
     EXPECT_FALSE(host.failure().failed());
-    EXPECT_EQ(host.folder(), kBuildFolder);
-    EXPECT_EQ(host.calendar().path, kBuildCalendar);
-    EXPECT_EQ(host.kit().path, kBuildKit);
+    EXPECT_EQ(host.folder(), BuildFolder());
+    EXPECT_EQ(host.calendar().path, BuildCalendar());
+    EXPECT_EQ(host.kit().path, BuildKit());
     EXPECT_NE(host.calendar().handle, host.kit().handle);
     EXPECT_NE(host.collection(), nullptr);
 }
 
 TEST(ModuleHostLoad, ResolvesTheModulesDecoratedExports) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     const ModuleLibrary& calendar = host.calendar();
     EXPECT_NE(calendar.createFunction, nullptr);
     EXPECT_EQ(reinterpret_cast<void*>(calendar.initializeModule),
@@ -49,7 +48,7 @@ TEST(ModuleHostLoad, ResolvesTheModulesDecoratedExports) {
 }
 
 TEST(ModuleHostLoad, ResolvesTheKitsPlainEntryPoints) {
-    const ModuleHost host(kBuildFolder);
+    const ModuleHost host(BuildFolder());
     const ModuleLibrary& kit = host.kit();
     EXPECT_NE(kit.createFunction, nullptr);
     EXPECT_NE(kit.plainInitializeModule, nullptr);
@@ -73,7 +72,7 @@ TEST(ModuleHostLoad, MissingFolderNamesTheCalendarLibrary) {
 
 TEST(ModuleHostLoad, MissingKitNamesTheKitLibrary) {
     const TemporaryFolder folder;
-    folder.Link(kBuildCalendar, "Calendar");
+    folder.Link(BuildCalendar(), "Calendar");
     const ModuleHost host(folder.path());
     EXPECT_FALSE(host.loaded());
     EXPECT_EQ(host.failure().path, folder.path() + "/CollectionsEx.so");
@@ -85,7 +84,7 @@ TEST(ModuleHostLoad, MissingKitNamesTheKitLibrary) {
 TEST(ModuleHostLoad, CalendarWithoutCreateFunctionIsRefused) {
     const TemporaryFolder folder;
     folder.Link(STAND_IN_EMPTY, "Calendar");
-    folder.Link(kBuildKit, "CollectionsEx");
+    folder.Link(BuildKit(), "CollectionsEx");
     const ModuleHost host(folder.path());
     EXPECT_FALSE(host.loaded());
     EXPECT_EQ(host.failure().path, folder.path() + "/Calendar.so");
@@ -96,7 +95,7 @@ TEST(ModuleHostLoad, CalendarWithoutCreateFunctionIsRefused) {
 TEST(ModuleHostLoad, CalendarWithoutDecoratedInitializeModuleIsRefused) {
     const TemporaryFolder folder;
     folder.Link(STAND_IN_SERVES_NOTHING, "Calendar");
-    folder.Link(kBuildKit, "CollectionsEx");
+    folder.Link(BuildKit(), "CollectionsEx");
     const ModuleHost host(folder.path());
     EXPECT_FALSE(host.loaded());
     EXPECT_EQ(host.failure().path, folder.path() + "/Calendar.so");
@@ -105,7 +104,7 @@ TEST(ModuleHostLoad, CalendarWithoutDecoratedInitializeModuleIsRefused) {
 
 TEST(ModuleHostLoad, KitWithoutCreateFunctionIsRefused) {
     const TemporaryFolder folder;
-    folder.Link(kBuildCalendar, "Calendar");
+    folder.Link(BuildCalendar(), "Calendar");
     folder.Link(STAND_IN_EMPTY, "CollectionsEx");
     const ModuleHost host(folder.path());
     EXPECT_FALSE(host.loaded());
@@ -115,7 +114,7 @@ TEST(ModuleHostLoad, KitWithoutCreateFunctionIsRefused) {
 
 TEST(ModuleHostLoad, KitWithoutGlobalCollectionIsRefused) {
     const TemporaryFolder folder;
-    folder.Link(kBuildCalendar, "Calendar");
+    folder.Link(BuildCalendar(), "Calendar");
     folder.Link(STAND_IN_SERVES_NOTHING, "CollectionsEx");
     const ModuleHost host(folder.path());
     EXPECT_FALSE(host.loaded());
@@ -126,7 +125,7 @@ TEST(ModuleHostLoad, KitWithoutGlobalCollectionIsRefused) {
 
 TEST(ModuleHostLoad, FailedCollectionCreationKeepsTheKitsCode) {
     const TemporaryFolder folder;
-    folder.Link(kBuildCalendar, "Calendar");
+    folder.Link(BuildCalendar(), "Calendar");
     folder.Link(STAND_IN_COLLECTION_FAILS, "CollectionsEx");
     const ModuleHost host(folder.path());
     EXPECT_FALSE(host.loaded());
@@ -148,7 +147,7 @@ TEST(ModuleHostLoad, LoadOrThrowThrowsTheFailure) {
 }
 
 TEST(ModuleHostLoad, LoadOrThrowGivesALoadedHost) {
-    const ModuleHost host = ModuleHost::LoadOrThrow(kBuildFolder);
+    const ModuleHost host = ModuleHost::LoadOrThrow(BuildFolder());
     EXPECT_TRUE(host.loaded());
     EXPECT_NE(host.collection(), nullptr);
 }
@@ -178,14 +177,14 @@ TEST(ModuleLibrary, OpenFailureKeepsThePathAndTheLoaderText) {
 }
 
 TEST(ModuleLibrary, SymbolLookupMissLeavesNoLoaderError) {
-    const ModuleLibrary library = ModuleLibrary::OpenOrThrow(kBuildCalendar);
+    const ModuleLibrary library = ModuleLibrary::OpenOrThrow(BuildCalendar());
     EXPECT_EQ(library.Symbol("GLOBALComponents"), nullptr);  // not exported
     EXPECT_EQ(dlerror(), nullptr);
     EXPECT_NE(library.Symbol("CreateFunction"), nullptr);
 }
 
 TEST(ModuleLibrary, FactoryAnswersOnlyTheServedNames) {
-    const ModuleLibrary library = ModuleLibrary::OpenOrThrow(kBuildCalendar);
+    const ModuleLibrary library = ModuleLibrary::OpenOrThrow(BuildCalendar());
     const CREATEFUNCTION time = library.Factory(L"Time");
     const CREATEFUNCTION buffer = library.Factory(L"DblBuffer");
     EXPECT_NE(time, nullptr);
@@ -197,9 +196,9 @@ TEST(ModuleLibrary, FactoryAnswersOnlyTheServedNames) {
 }
 
 TEST(ModuleLibrary, OpeningAgainGivesTheSameLibrary) {
-    const ModuleLibrary first = ModuleLibrary::OpenOrThrow(kBuildCalendar);
+    const ModuleLibrary first = ModuleLibrary::OpenOrThrow(BuildCalendar());
     const TemporaryFolder folder;
-    const ModuleLibrary linked = ModuleLibrary::OpenOrThrow(folder.Link(kBuildCalendar, "Calendar"));
+    const ModuleLibrary linked = ModuleLibrary::OpenOrThrow(folder.Link(BuildCalendar(), "Calendar"));
     EXPECT_EQ(linked.handle, first.handle);
     EXPECT_EQ(linked.createFunction, first.createFunction);
 }
