@@ -33,7 +33,8 @@ target_compile_features(calendar_module_headers INTERFACE cxx_std_20)
 target_link_libraries(calendar_module_headers INTERFACE ${CMAKE_DL_LIBS})
 
 install(TARGETS calendar_module_headers EXPORT CalendarModuleTargets
-  FILE_SET HEADERS DESTINATION ${CAL_INSTALL_HEADERDIR})
+  FILE_SET HEADERS DESTINATION ${CAL_INSTALL_HEADERDIR}
+  INCLUDES DESTINATION ${CAL_INSTALL_HEADERDIR})
 install(TARGETS Calendar CollectionsEx LIBRARY DESTINATION ${CAL_INSTALL_MODULEDIR})
 install(TARGETS timetool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
