@@ -11,21 +11,6 @@ namespace {
 
 }  // namespace
 
-When RequireWhen(const std::string& text) {
-    const WhenParse parsed = ParseWhen(text);
-    if (!parsed.when) BadInput("bad WHEN '" + text + "': " + parsed.error);
-    return *parsed.when;
-}
-
-void RequireWhenFitsKind(const std::string& text, const When& when, int kind) {
-    if (when.form != WhenForm::Civil) return;
-    const std::string error = CivilDateError(kind, when.civil);
-    if (!error.empty()) {
-        BadInput("bad WHEN '" + text + "': " + error + " of the " + std::string(CalendarKindInfo(kind).title) +
-                 " calendar");
-    }
-}
-
 int RequireKind(const std::string& option, const std::string& text) {
     const auto kind = ParseCalendarKind(text);
     if (!kind) {

@@ -5,13 +5,9 @@
 #include <string>
 
 #include "instant.h"
-#include "when.h"
 
 namespace timetool {
 
-When RequireWhen(const std::string& text);
-// A civil WHEN must also be a date of `kind`.
-void RequireWhenFitsKind(const std::string& text, const When& when, int kind);
 int RequireKind(const std::string& option, const std::string& text);
 // --lat and --lon, either may be empty (the default place keeps that part).
 Location RequireLocation(const std::string& latitude, const std::string& longitude);

@@ -9,6 +9,7 @@ namespace timetool {
 
 struct ShowOptions {
     std::string when = "now";
+    std::string from = "gregorian";
     std::string calendar;  // empty: every calendar
     std::string latitude;
     std::string longitude;
@@ -17,6 +18,11 @@ struct ShowOptions {
 
 // The default view: `show now` over every calendar.
 void RunShow(const ShowOptions& options);
+
+// The instant "now" and "today" stand for (--now or TIMETOOL_NOW); empty for
+// the system clock.
+void SetFixedNow(std::string when);
+const std::string& FixedNow();
 
 void AddShowCommand(CLI::App& app);
 void AddConvertCommand(CLI::App& app);
@@ -27,13 +33,44 @@ void AddSaveCommand(CLI::App& app);
 void AddLoadCommand(CLI::App& app);
 void AddWindowCommand(CLI::App& app);
 
-// Help texts shared by the commands.
-inline constexpr const char* kWhenHelp =
-    "instant: YYYY-MM-DD[THH:MM[:SS]] (UTC; -YYYY for BC, -1 = 1 BC), now, today, "
-    "sd:STARDATE, jd:JULIANDATE, @LINUXTIME";
+// Help texts shared by the commands; the grammar is written out once, in
+// kWhenGrammar, which `timetool --help` prints.
+inline constexpr const char* kWhenHelp = "instant: a date, now, today, sd:, jd: or @ (WHEN in timetool --help)";
+inline constexpr const char* kFromHelp =
+    "calendar WHEN is a date of: gregorian (default), julian, western, hebrew, hebrew1, adam, generic or 0 to 6";
 inline constexpr const char* kKindHelp =
     "calendar: gregorian (0), julian (1), western (2), hebrew1 (3), hebrew (4), adam (5), generic (6)";
 inline constexpr const char* kLatitudeHelp = "latitude in degrees, north positive or with N/S (default 43.3N)";
 inline constexpr const char* kLongitudeHelp = "longitude in degrees, east positive or with E/W (default 83.045W)";
+
+inline constexpr const char* kWhenGrammar = R"(WHEN (every command that takes an instant):
+  Y-MM-DD[THH:MM[:SS[.fff]]][Z]  a date of the --from calendar (default gregorian) at a
+                                 time of day in UTC; a blank may replace T. Y is 1 to 5
+                                 digits with an optional sign, astronomical as in ISO 8601:
+                                 0 is 1 BC, -1 is 2 BC, -43 is 44 BC; -32767 to 32767.
+                                 Seconds run below 60 (no leap seconds).
+  Y-Name-DD[...]                 a Hebrew month by name (hebrew, hebrew1): Nisan, Iyar,
+                                 Sivan, Tammuz, Av, Elul, Tishri, Heshvan, Kislev, Tevet,
+                                 Shevat, Adar (12-month years), Adar I, Adar II (leap
+                                 years); case and blanks do not matter ('5784-Sivan-15').
+                                 Hebrew month numbers: 1 = Nisan, 7 = Tishri, 12 = Adar or
+                                 Adar I, 13 = Adar II (leap years only).
+  now, today                     the current instant, and midnight UTC of its day; --now
+                                 WHEN or the variable TIMETOOL_NOW fixes them
+  sd:DAYS                        star date: days, 1.0 = 1 January AD 1 (Julian), 00:00
+  jd:DAYS                        Julian Date
+  @SECONDS                       Linux time
+A date that does not exist in its calendar is refused, with the reason.
+
+KIND: gregorian (0, proleptic), julian (1, proleptic, its leap rule carried into BC),
+western (2: Julian up to 4 October 1582, Gregorian from 15 October 1582), hebrew or
+hebrew0 (4: the arithmetic Hebrew calendar from 1 Tishri of year 1). hebrew1 or
+hebrew-mean (3), adam (5) and generic (6) are the module's own calendars: their lines
+are the module's (Adam and Generic: Gregorian rules counted from the registry epoch).
+
+Output: each calendar line shows the true date; where the module's GetDate or SetDate
+gives something else, the line says so in brackets. Dates and times are UTC; ISO dates
+and JSON years are astronomical (0 = 1 BC), text dates say BC. Clock times are the star
+date to the nearest second.)";
 
 }  // namespace timetool

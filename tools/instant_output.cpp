@@ -9,26 +9,48 @@ namespace timetool {
 
 namespace {
 
-constexpr int kLabelWidth = 15;
-
-void Line(std::string* out, std::string_view label, const std::string& value) {
-    std::string line(label);
-    line.append(static_cast<std::size_t>(kLabelWidth) - std::min<std::size_t>(label.size(), kLabelWidth - 1), ' ');
-    *out += line + value + "\n";
-}
+constexpr std::size_t kLabelWidth = 15;
 
 std::string SunEventText(const SunEventReport& event) {
-    return FormatIsoDate(event.date.year, event.date.month, event.date.day) + " " + FormatClock(event.clock) + " UTC";
+    return event.shown ? FormatUtcText(event.instant) + " UTC" : std::string("out of range");
 }
 
 std::string AbsenceText(SunAbsence absence) {
     return absence == SunAbsence::PolarDay ? "polar day (the sun does not set)" : "polar night (the sun does not rise)";
 }
 
+Json DateFieldsJson(const DateFields& fields) {
+    return Json{{"year", fields.year}, {"month", fields.month}, {"day", fields.day}};
+}
+
+std::string LengthNote(int trueValue, int moduleValue) {
+    return trueValue == moduleValue ? "" : " (module's GetInfo: " + std::to_string(moduleValue) + ")";
+}
+
 }  // namespace
 
-std::string FormatUtc(const DateFields& date, const ClockTime& clock) {
-    return FormatIsoDate(date.year, date.month, date.day) + "T" + FormatClock(clock);
+Json JsonDocument() { return Json{{"schema", kJsonSchema}}; }
+
+std::string LabelledLine(std::string_view label, const std::string& value) {
+    std::string line(label);
+    line.append(kLabelWidth - std::min(label.size(), kLabelWidth - 1), ' ');
+    return line + value + "\n";
+}
+
+CalendarDetail DescribeCalendarDetail(const ModuleSession& session, const CalendarLine& line, StarDay day) {
+    TimeObject time(session);
+    time.SetKind(line.kind);
+    time.SetStarDate(static_cast<double>(day));
+    CalendarDetail detail;
+    detail.kind = line.kind;
+    detail.module = time.Info();
+    detail.calendarDays = time.CalendarDays();
+    if (line.date && !line.moduleCalendar) {
+        detail.lengths = TrueLengths(line.kind, *line.date);
+    } else if (line.date) {
+        detail.lengths = CalendarLengths{detail.module.daysInMonth, detail.module.monthsInYear, detail.module.daysInYear};
+    }
+    return detail;
 }
 
 std::string FormatLinuxTime(double seconds) {
@@ -42,48 +64,63 @@ std::string FormatLinuxTime(double seconds) {
 }
 
 std::string InstantText(const InstantReport& report, const std::optional<CalendarDetail>& detail) {
-    std::string out;
-    Line(&out, "Instant",
-         FormatIsoDate(report.gregorian.year, report.gregorian.month, report.gregorian.day) + " " +
-             FormatClock(report.clock) + " UTC");
-    for (const KindDate& date : report.calendars) {
-        Line(&out, CalendarKindInfo(date.kind).title,
-             FormatDateText(date.kind, date.date.year, date.date.month, date.date.day));
+    std::string out = LabelledLine("Instant", FormatUtcText(report.instant) + " UTC");
+    for (const CalendarLine& line : report.calendars) {
+        out += LabelledLine(CalendarKindInfo(line.kind).title, CalendarLineText(line));
+    }
+    if (detail && detail->lengths) {
+        const CalendarLengths& lengths = *detail->lengths;
+        out += LabelledLine("Month length", std::to_string(lengths.daysInMonth) + " days" +
+                                                LengthNote(lengths.daysInMonth, detail->module.daysInMonth));
+        out += LabelledLine("Year length", std::to_string(lengths.monthsInYear) + " months, " +
+                                               std::to_string(lengths.daysInYear) + " days" +
+                                               LengthNote(lengths.daysInYear, detail->module.daysInYear));
     }
     if (detail) {
-        Line(&out, "Month length", std::to_string(detail->info.daysInMonth) + " days");
-        Line(&out, "Year length",
-             std::to_string(detail->info.monthsInYear) + " months, " + std::to_string(detail->info.daysInYear) +
-                 " days");
-        Line(&out, "Calendar days", FormatFixed(detail->calendarDays, 0));
+        out += LabelledLine("Calendar days", FormatFixed(detail->calendarDays, 0) + " (the module's elapsed-day count)");
     }
-    Line(&out, "Star date", FormatFixed(report.starDate, 6));
-    Line(&out, "Julian Date", FormatFixed(report.julianDate, 6));
-    Line(&out, "Linux time", report.linuxTime ? FormatLinuxTime(*report.linuxTime) : std::string("out of range"));
-    Line(&out, "Weekday", std::string(WeekdayName(report.weekday)));
+    out += LabelledLine("Star date", FormatFixed(report.starDate, 6));
+    out += LabelledLine("Julian Date", FormatFixed(report.julianDate, 6));
+    out += LabelledLine("Linux time", report.linuxTime ? FormatLinuxTime(*report.linuxTime) : "out of range");
+    out += LabelledLine("Weekday", std::string(WeekdayName(report.weekday)));
     const std::string place =
         " at " + FormatLatitude(report.location.latitude) + ", " + FormatLongitude(report.location.longitude);
     if (report.sun.absence) {
-        Line(&out, "Sun", AbsenceText(*report.sun.absence) + place);
+        out += LabelledLine("Sun", AbsenceText(*report.sun.absence) + place);
     } else {
-        Line(&out, "Sunrise", SunEventText(report.sun.sunrise) + place);
-        Line(&out, "Sunset", SunEventText(report.sun.sunset));
+        out += LabelledLine("Sunrise", SunEventText(report.sun.sunrise) + place);
+        out += LabelledLine("Sunset", SunEventText(report.sun.sunset));
     }
-    Line(&out, "Moon phase",
-         FormatFixed(report.moon.phase, 2) + "\xC2\xB0 " + std::string(report.moon.name.name) + " " +
-             std::string(report.moon.name.glyph));
+    out += LabelledLine("Moon phase", FormatFixed(report.moon.phase, 2) + "\xC2\xB0 " +
+                                          std::string(report.moon.name.name) + " " +
+                                          std::string(report.moon.name.glyph));
     return out;
 }
 
-Json CalendarJson(const KindDate& date) {
-    const CalendarKind& info = CalendarKindInfo(date.kind);
-    return Json{{"kind", date.kind},
-                {"name", info.key},
-                {"title", info.title},
-                {"year", date.date.year},
-                {"month", date.date.month},
-                {"day", date.date.day},
-                {"text", FormatDateText(date.kind, date.date.year, date.date.month, date.date.day)}};
+Json CalendarJson(const CalendarLine& line) {
+    const CalendarKind& info = CalendarKindInfo(line.kind);
+    Json json{{"kind", line.kind},
+              {"name", info.key},
+              {"title", info.title},
+              {"source", line.moduleCalendar ? "module" : "true"},
+              {"year", nullptr},
+              {"month", nullptr},
+              {"day", nullptr},
+              {"text", nullptr},
+              {"reason", nullptr}};
+    if (line.date) {
+        json["year"] = line.date->year;
+        json["month"] = line.date->month;
+        json["day"] = line.date->day;
+        json["text"] = FormatDateText(line.kind, line.date->year, line.date->month, line.date->day);
+    } else {
+        json["reason"] = line.reason;
+    }
+    Json module = DateFieldsJson(line.module);
+    module["star_date"] = line.moduleStarDate ? Json(*line.moduleStarDate) : Json(nullptr);
+    module["agrees"] = line.date && !line.getDateDiffers && !line.setDateDiffers;
+    json["module"] = module;
+    return json;
 }
 
 Json SunJson(const SunReport& sun) {
@@ -99,8 +136,8 @@ Json SunJson(const SunReport& sun) {
         json["polar"] = *sun.absence == SunAbsence::PolarDay ? "polar day" : "polar night";
         return json;
     }
-    json["sunrise"] = FormatUtc(sun.sunrise.date, sun.sunrise.clock);
-    json["sunset"] = FormatUtc(sun.sunset.date, sun.sunset.clock);
+    if (sun.sunrise.shown) json["sunrise"] = FormatUtcIso(sun.sunrise.instant);
+    if (sun.sunset.shown) json["sunset"] = FormatUtcIso(sun.sunset.instant);
     json["sunrise_days"] = sun.sunriseDays;
     json["sunset_days"] = sun.sunsetDays;
     json["sunrise_star_date"] = sun.sunrise.starDate;
@@ -114,21 +151,31 @@ Json MoonJson(const MoonReport& moon) {
 
 Json InstantJson(const InstantReport& report, const CalendarDetail& detail) {
     Json calendars = Json::array();
-    for (const KindDate& date : report.calendars) calendars.push_back(CalendarJson(date));
-    Json json;
-    json["utc"] = FormatUtc(report.gregorian, report.clock);
+    for (const CalendarLine& line : report.calendars) calendars.push_back(CalendarJson(line));
+    Json json = JsonDocument();
+    json["utc"] = FormatUtcIso(report.instant);
     json["star_date"] = report.starDate;
     json["julian_date"] = report.julianDate;
     json["linux_time"] = report.linuxTime ? Json(*report.linuxTime) : Json(nullptr);
     json["weekday"] = report.weekday;
     json["weekday_name"] = WeekdayName(report.weekday);
     json["calendars"] = calendars;
-    json["calendar"] = Json{{"kind", detail.kind},
-                            {"name", CalendarKindInfo(detail.kind).key},
-                            {"days_in_month", detail.info.daysInMonth},
-                            {"months_in_year", detail.info.monthsInYear},
-                            {"days_in_year", detail.info.daysInYear},
-                            {"calendar_days", detail.calendarDays}};
+    Json calendar{{"kind", detail.kind},
+                  {"name", CalendarKindInfo(detail.kind).key},
+                  {"days_in_month", nullptr},
+                  {"months_in_year", nullptr},
+                  {"days_in_year", nullptr},
+                  {"calendar_days", detail.calendarDays},
+                  {"module",
+                   Json{{"days_in_month", detail.module.daysInMonth},
+                        {"months_in_year", detail.module.monthsInYear},
+                        {"days_in_year", detail.module.daysInYear}}}};
+    if (detail.lengths) {
+        calendar["days_in_month"] = detail.lengths->daysInMonth;
+        calendar["months_in_year"] = detail.lengths->monthsInYear;
+        calendar["days_in_year"] = detail.lengths->daysInYear;
+    }
+    json["calendar"] = calendar;
     json["location"] = Json{{"latitude", report.location.latitude}, {"longitude", report.location.longitude}};
     json["sun"] = SunJson(report.sun);
     json["moon"] = MoonJson(report.moon);

@@ -11,21 +11,34 @@ namespace timetool {
 
 using Json = nlohmann::ordered_json;
 
-// Details of the selected calendar that only `show --calendar` prints.
+// The version of every JSON document timetool prints (docs/timetool-json.md).
+inline constexpr int kJsonSchema = 2;
+
+// A document that starts with its "schema" key.
+Json JsonDocument();
+
+// Details of the selected calendar that only `show --calendar` prints: the
+// lengths of the day's month and year (true ones where the calendar has a
+// truth, else the module's) beside the module's GetInfo, and the module's
+// elapsed-day count.
 struct CalendarDetail {
     int kind = 0;
-    CalendarInfo info;
+    std::optional<CalendarLengths> lengths;
+    CalendarInfo module;
     double calendarDays = 0.0;
 };
 
-// "2024-06-21T02:20:09" (Gregorian date, UTC clock).
-std::string FormatUtc(const DateFields& date, const ClockTime& clock);
+CalendarDetail DescribeCalendarDetail(const ModuleSession& session, const CalendarLine& line, StarDay day);
+
 std::string FormatLinuxTime(double seconds);
 
 std::string InstantText(const InstantReport& report, const std::optional<CalendarDetail>& detail);
 Json InstantJson(const InstantReport& report, const CalendarDetail& detail);
 Json SunJson(const SunReport& sun);
 Json MoonJson(const MoonReport& moon);
-Json CalendarJson(const KindDate& date);
+Json CalendarJson(const CalendarLine& line);
+
+// "15 Sivan 5784" under its calendar's title, padded like every label.
+std::string LabelledLine(std::string_view label, const std::string& value);
 
 }  // namespace timetool

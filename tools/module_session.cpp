@@ -43,8 +43,9 @@ std::string ModuleFolder() {
     return folder + "/_binlinux";
 }
 
-ModuleSession::ModuleSession() {
-    const std::string folder = ModuleFolder();
+ModuleSession::ModuleSession() : ModuleSession(ModuleFolder()) {}
+
+ModuleSession::ModuleSession(const std::string& folder) {
     const std::string kitPath = folder + "/CollectionsEx.so";
     const std::string calendarPath = folder + "/Calendar.so";
 

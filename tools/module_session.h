@@ -25,9 +25,11 @@ std::string ModuleFolder();
 
 class ModuleSession {
 public:
-    // Loads both libraries and installs the global collection; throws
-    // ToolError (status 1, naming the path tried) when that fails.
+    // Loads both libraries from `folder` (ModuleFolder() by default) and
+    // installs the global collection; throws ToolError (status 1, naming the
+    // path tried) when that fails.
     ModuleSession();
+    explicit ModuleSession(const std::string& folder);
     ModuleSession(const ModuleSession&) = delete;
     ModuleSession& operator=(const ModuleSession&) = delete;
 

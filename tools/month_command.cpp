@@ -7,6 +7,7 @@
 #include "commands.h"
 #include "instant_output.h"
 #include "month_grid.h"
+#include "tool_context.h"
 #include "tool_error.h"
 
 namespace timetool {
@@ -15,45 +16,64 @@ namespace {
 
 struct MonthOptions {
     std::string month;
-    std::string calendar = "gregorian";
+    std::string calendar;
+    std::string from;
     bool json = false;
 };
 
 struct MonthDay {
     int day = 0;
-    double starDate = 0.0;
+    StarDay starDay = 0;
     int weekday = 0;
     MoonReport moon;
 };
 
-// How far from the module's own day number of day 1 the month is looked
-// for: the Hebrew conversion of a date ignores its month, so day 1 of a
-// Hebrew month can lie up to a year after that estimate.
+// How far from the module's own day number of day 1 the month is looked for
+// in the module's own calendars: the mean Hebrew conversion of a date
+// ignores its month, so day 1 of a month can lie up to a year away.
 constexpr int kSearchDays = 400;
 
-// The days of the month, found by expressing consecutive day numbers in the
-// calendar: the day-number-to-date direction of every calendar is exact,
-// while the other direction is coarse for the Hebrew kinds.
-std::vector<MonthDay> DaysOfMonth(const ModuleSession& session, int kind, const YearMonth& month) {
-    TimeObject time(session);
-    time.SetKind(kind);
-    time.SetDate(1, month.month, month.year);
-    const double estimate = std::floor(time.StarDate());
-    const auto inMonth = [&](double starDate) {
-        time.SetStarDate(starDate);
-        const DateFields date = time.Date();
-        return date.year == month.year && date.month == month.month;
-    };
-    double first = estimate - kSearchDays;
-    while (first <= estimate + kSearchDays && !inMonth(first)) first += 1.0;
+[[noreturn]] void RefuseMonth(const std::string& text, const std::string& why) {
+    throw ToolError{kExitBadInput, "timetool: bad YEAR-MONTH '" + text + "': " + why};
+}
+
+// The date of a day in the month's calendar: true, or the module's own.
+std::optional<CivilDate> DateOfDay(ModuleDates& dates, int kind, StarDay day) {
+    if (!IsShownDay(day)) return std::nullopt;
+    if (HasTrueCalendar(kind)) return TrueDateOfDay(kind, day);
+    return AstronomicalDate(dates.DateOf(kind, day));
+}
+
+std::vector<MonthDay> DaysOfMonth(ModuleDates& dates, int kind, const CivilDate& first, const std::string& text) {
+    StarDay day = 0;
+    if (HasTrueCalendar(kind)) {
+        day = DayOfTrueDate(kind, first);
+    } else {
+        const double estimate = dates.StarDateOf(kind, ModuleFields(first));
+        if (!std::isfinite(estimate) || std::fabs(estimate) > kMaxStarDate) {
+            RefuseMonth(text, "outside the years timetool shows (-32767 to 32767)");
+        }
+        std::optional<StarDay> found;
+        for (int dayOfMonth = 1; dayOfMonth <= 30 && !found; ++dayOfMonth) {
+            const CivilDate date{first.year, first.month, dayOfMonth};
+            found = dates.FindDay(kind, ModuleFields(date), static_cast<StarDay>(std::floor(estimate)), kSearchDays);
+            if (found) *found -= dayOfMonth - 1;
+        }
+        if (!found) RefuseMonth(text, "the module's " + std::string(CalendarKindInfo(kind).title) +
+                                          " calendar has no such month");
+        day = *found;
+    }
+    if (!IsShownDay(day)) RefuseMonth(text, "outside the years timetool shows (-32767 to 32767)");
     std::vector<MonthDay> days;
-    for (double starDate = first; starDate <= estimate + kSearchDays && inMonth(starDate); starDate += 1.0) {
+    for (;; ++day) {
+        const std::optional<CivilDate> date = DateOfDay(dates, kind, day);
+        if (!date || date->year != first.year || date->month != first.month) break;
         MonthDay entry;
-        entry.day = time.Date().day;
-        entry.starDate = starDate;
-        entry.weekday = time.DayOfWeek();
+        entry.day = date->day;
+        entry.starDay = day;
+        entry.weekday = WeekdayOfDay(day);
         // The glyph shows the moon at noon UTC of the day.
-        entry.moon = DescribeMoon(session, starDate + 0.5);
+        entry.moon = DescribeMoon(dates.session(), static_cast<double>(day) + 0.5);
         days.push_back(entry);
     }
     return days;
@@ -61,41 +81,41 @@ std::vector<MonthDay> DaysOfMonth(const ModuleSession& session, int kind, const 
 
 void RunMonth(const MonthOptions& options) {
     const auto yearMonth = ParseYearMonth(options.month);
-    if (!yearMonth) {
-        throw ToolError{kExitBadInput, "timetool: bad YEAR-MONTH '" + options.month + "': expected YYYY-MM"};
+    if (!yearMonth) RefuseMonth(options.month, "expected YYYY-MM");
+    if (!options.calendar.empty() && !options.from.empty()) {
+        RequireKind("--calendar", options.calendar);
+        RequireKind("--from", options.from);
+        if (*ParseCalendarKind(options.calendar) != *ParseCalendarKind(options.from)) {
+            throw ToolError{kExitBadInput, "timetool: --calendar and --from name different calendars"};
+        }
     }
-    const int kind = RequireKind("--calendar", options.calendar);
+    const std::string& kindText = options.calendar.empty() ? options.from : options.calendar;
+    const int kind = kindText.empty() ? 0 : RequireKind(options.calendar.empty() ? "--from" : "--calendar", kindText);
     CivilTime first;
     first.year = yearMonth->year;
     first.month = yearMonth->month;
+    first.monthName = yearMonth->monthName;
     first.day = 1;
-    const std::string error = CivilDateError(kind, first);
-    if (!error.empty()) {
-        throw ToolError{kExitBadInput, "timetool: bad YEAR-MONTH '" + options.month + "': " + error + " of the " +
-                                           std::string(CalendarKindInfo(kind).title) + " calendar"};
-    }
+    const CivilCheck check = CheckCivilDate(kind, first);
+    if (!check.date) RefuseMonth(options.month, check.error);
 
-    const ModuleSession session;
-    const std::vector<MonthDay> days = DaysOfMonth(session, kind, *yearMonth);
-    if (days.empty()) {
-        throw ToolError{kExitBadInput, "timetool: bad YEAR-MONTH '" + options.month + "': the " +
-                                           std::string(CalendarKindInfo(kind).title) +
-                                           " calendar has no such month in that year"};
-    }
-
-    std::string title = FormatDateText(kind, yearMonth->year, yearMonth->month, 1);
-    title.erase(0, title.find(' ') + 1);
+    ToolContext context;
+    const std::vector<MonthDay> days = DaysOfMonth(context.dates(), kind, *check.date, options.month);
+    const std::string title = FormatMonthTitle(kind, check.date->year, check.date->month);
     if (options.json) {
         Json rows = Json::array();
         for (const MonthDay& day : days) {
-            rows.push_back(Json{
-                {"day", day.day}, {"weekday", day.weekday}, {"star_date", day.starDate}, {"moon", MoonJson(day.moon)}});
+            rows.push_back(Json{{"day", day.day},
+                                {"weekday", day.weekday},
+                                {"star_date", static_cast<double>(day.starDay)},
+                                {"moon", MoonJson(day.moon)}});
         }
-        const Json json{{"calendar", CalendarKindInfo(kind).key},
-                        {"year", yearMonth->year},
-                        {"month", yearMonth->month},
-                        {"title", title},
-                        {"days", rows}};
+        Json json = JsonDocument();
+        json["calendar"] = CalendarKindInfo(kind).key;
+        json["year"] = check.date->year;
+        json["month"] = check.date->month;
+        json["title"] = title;
+        json["days"] = rows;
         std::cout << json.dump(2) << "\n";
         return;
     }
@@ -111,8 +131,11 @@ void AddMonthCommand(CLI::App& app) {
     auto options = std::make_shared<MonthOptions>();
     CLI::App* command =
         app.add_subcommand("month", "A month as a grid, weekdays as columns, the moon at noon UTC on each day");
-    command->add_option("YEAR-MONTH", options->month, "the month, YYYY-MM (-YYYY-MM for BC)")->required();
+    command->add_option("YEAR-MONTH", options->month,
+                        "the month, Y-MM (astronomical year, -43 = 44 BC) or Y-Name for a Hebrew month")
+        ->required();
     command->add_option("--calendar", options->calendar, std::string(kKindHelp) + " (default gregorian)");
+    command->add_option("--from", options->from, "the same as --calendar");
     command->add_flag("--json", options->json, "print one JSON document");
     command->callback([options] { RunMonth(*options); });
 }

@@ -6,8 +6,10 @@
 #include <memory>
 
 #include "arguments.h"
+#include "calendar_kind.h"
 #include "commands.h"
 #include "instant_output.h"
+#include "tool_context.h"
 #include "tool_error.h"
 #include "wide_text.h"
 
@@ -18,6 +20,7 @@ namespace {
 struct SaveOptions {
     std::string file;
     std::string when = "now";
+    std::string from = "gregorian";
     bool json = false;
 };
 
@@ -144,36 +147,52 @@ Json StoredParameters(const ModuleSession& session, const std::string& path) {
 }
 
 void RunSave(const SaveOptions& options) {
-    const When when = RequireWhen(options.when);
-    RequireWhenFitsKind(options.when, when, 0);
+    const int from = RequireKind("--from", options.from);
+    ToolContext context;
+    const WhenParse parsed = ParseWhen(options.when);
+    if (!parsed.when) RefuseWhen(options.when, parsed.error);
+    const When& when = *parsed.when;
+    const double starDate = context.reader().StarDate(options.when, when, from);
 
-    const ModuleSession session;
-    const double starDate = StarDateOfWhen(session, when, 0);
-    TimeObject time(session);
+    // The Time object holds the proleptic Gregorian date of the day named
+    // (in its own year numbering) and the time of day: as typed for a civil
+    // WHEN, so no float round trip touches the seconds, else to the second.
+    const ExactInstant instant = SplitStarDate(starDate);
+    const CivilDate gregorian = GregorianOfDay(instant.day);
+    TimeObject time(context.session());
     time.SetKind(0);
+    time.SetDate(gregorian.day, gregorian.month, ModuleYear(gregorian.year));
     if (when.form == WhenForm::Civil) {
-        // The fields as given: a star date would bring back the time of day
-        // through a float and leave a trace in the seconds.
-        time.SetDate(when.civil.day, when.civil.month, when.civil.year);
         time.SetTime(when.civil.hour, when.civil.minute, when.civil.second);
     } else {
-        time.SetStarDate(starDate);
+        time.SetTime(instant.second / 3600, instant.second / 60 % 60, instant.second % 60);
     }
-    SmartPtr<IDataStream> stream = CreateStream(session, options.file);
+    SmartPtr<IDataStream> stream = CreateStream(context.session(), options.file);
     CheckModule(PersistOf(time.unknown(), "Time IDataPersist")->Save(stream.get(), 0), "Time IDataPersist::Save");
     const std::wstring wide = WidenUtf8(options.file);
     const HRESULT hr = stream->SaveToFile(static_cast<std::int32_t>(wide.size()), wide.c_str());
     if (FAILED(hr)) FileFailure(hr, "IDataStream::SaveToFile", "cannot write FILE '" + options.file + "'");
 
     const Json fields = FieldsJson(time);
+    const CalendarLine named = DescribeCalendarDay(context.dates(), from, instant.day);
     if (options.json) {
-        const Json json{
-            {"file", options.file}, {"form", FormName(options.file)}, {"star_date", starDate}, {"saved", fields}};
+        Json json = JsonDocument();
+        json["file"] = options.file;
+        json["form"] = FormName(options.file);
+        json["star_date"] = starDate;
+        json["saved"] = fields;
+        json["date"] = CalendarJson(named);
         std::cout << json.dump(2) << "\n";
         return;
     }
-    std::cout << "File           " << options.file << " (" << FormName(options.file) << " stream)\n"
-              << "Saved          " << FieldsText(fields) << "\n";
+    std::string text = "File           " + options.file + " (" + FormName(options.file) + " stream)\n" +
+                       "Saved          " + FieldsText(fields) + "\n";
+    if (gregorian.year <= 0) {
+        text += "               (the Time object counts 1 BC as year -1: year " + std::to_string(ModuleYear(gregorian.year)) +
+                " is " + FormatYearText(gregorian.year) + ")\n";
+    }
+    if (from != 0) text += LabelledLine(CalendarKindInfo(from).title, CalendarLineText(named));
+    std::cout << text;
 }
 
 void RunLoad(const LoadOptions& options) {
@@ -187,8 +206,11 @@ void RunLoad(const LoadOptions& options) {
     const Json stored = StoredParameters(session, options.file);
 
     if (options.json) {
-        const Json json{
-            {"file", options.file}, {"form", FormName(options.file)}, {"stored", stored}, {"loaded", loaded}};
+        Json json = JsonDocument();
+        json["file"] = options.file;
+        json["form"] = FormName(options.file);
+        json["stored"] = stored;
+        json["loaded"] = loaded;
         std::cout << json.dump(2) << "\n";
         return;
     }
@@ -209,6 +231,7 @@ void AddSaveCommand(CLI::App& app) {
         "save", "Save a Time object set to WHEN (default now) in FILE: XML for .xml, a folder stream otherwise");
     command->add_option("FILE", options->file, "file to write (replaced atomically)")->required();
     command->add_option("WHEN", options->when, kWhenHelp);
+    command->add_option("--from", options->from, kFromHelp);
     command->add_flag("--json", options->json, "print one JSON document");
     command->callback([options] { RunSave(*options); });
 }

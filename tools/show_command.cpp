@@ -1,4 +1,3 @@
-#include <cmath>
 #include <iostream>
 #include <memory>
 
@@ -6,30 +5,27 @@
 #include "calendar_kind.h"
 #include "commands.h"
 #include "instant_output.h"
+#include "tool_context.h"
 
 namespace timetool {
 
 void RunShow(const ShowOptions& options) {
-    const When when = RequireWhen(options.when);
+    const int from = RequireKind("--from", options.from);
     const int kind = options.calendar.empty() ? 0 : RequireKind("--calendar", options.calendar);
-    RequireWhenFitsKind(options.when, when, 0);
     const Location location = RequireLocation(options.latitude, options.longitude);
 
-    const ModuleSession session;
-    // WHEN is a Gregorian date here; --calendar only chooses what is shown.
-    const double starDate = StarDateOfWhen(session, when, 0);
+    ToolContext context;
+    const double starDate = context.reader().StarDate(options.when, from);
     std::vector<int> kinds;
     if (options.calendar.empty()) {
         for (const CalendarKind& each : CalendarKinds()) kinds.push_back(each.number);
     } else {
         kinds.push_back(kind);
     }
-    const InstantReport report = DescribeInstant(session, starDate, kinds, location);
-
-    TimeObject selected(session);
-    selected.SetKind(kind);
-    selected.SetStarDate(std::floor(starDate));
-    const CalendarDetail detail{kind, selected.Info(), selected.CalendarDays()};
+    const InstantReport report = DescribeInstant(context.dates(), starDate, kinds, location);
+    const CalendarLine selected =
+        options.calendar.empty() ? DescribeCalendarDay(context.dates(), kind, report.instant.day) : report.calendars[0];
+    const CalendarDetail detail = DescribeCalendarDetail(context.session(), selected, report.instant.day);
 
     if (options.json) {
         std::cout << InstantJson(report, detail).dump(2) << "\n";
@@ -44,6 +40,7 @@ void AddShowCommand(CLI::App& app) {
                                            "One instant in detail: its date in each calendar, star date, "
                                            "Julian Date, Linux time, weekday, sunrise, sunset, moon");
     command->add_option("WHEN", options->when, kWhenHelp);
+    command->add_option("--from", options->from, kFromHelp);
     command->add_option("--calendar", options->calendar, std::string(kKindHelp) + "; only this one is shown");
     command->add_option("--lat", options->latitude, kLatitudeHelp);
     command->add_option("--lon", options->longitude, kLongitudeHelp);

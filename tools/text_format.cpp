@@ -14,7 +14,7 @@ constexpr std::array<std::string_view, 12> kWesternMonths{"January",   "February
                                                           "September", "October",  "November", "December"};
 
 // Month numbers of the Time component's Hebrew calendar: 1 = Nisan, the year
-// starts with month 7; month 12 is Adar I in a 13-month year.
+// starts with month 7.
 constexpr std::array<std::string_view, 13> kHebrewMonths{"Nisan",  "Iyar",   "Sivan",   "Tammuz", "Av",
                                                          "Elul",   "Tishri", "Heshvan", "Kislev", "Tevet",
                                                          "Shevat", "Adar",   "Adar II"};
@@ -22,8 +22,13 @@ constexpr std::array<std::string_view, 13> kHebrewMonths{"Nisan",  "Iyar",   "Si
 constexpr std::array<std::string_view, 7> kWeekdays{"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                     "Thursday", "Friday", "Saturday"};
 
-std::string MonthName(int kind, int month) {
+std::string MonthName(int kind, int year, int month) {
     const bool hebrew = kind == 3 || kind == 4;
+    if (hebrew && month == 12) {
+        // The mean variant (kind 3) counts its leap years one year later.
+        const bool leap = kind == 4 ? HebrewLeapYear(year) : HebrewLeapYear(year - 1);
+        return leap ? "Adar I" : "Adar";
+    }
     if (hebrew && month >= 1 && month <= 13) return std::string(kHebrewMonths[static_cast<std::size_t>(month - 1)]);
     if (!hebrew && month >= 1 && month <= 12) return std::string(kWesternMonths[static_cast<std::size_t>(month - 1)]);
     return "month " + std::to_string(month);
@@ -40,30 +45,59 @@ std::string TrimmedDecimal(double value) {
 
 }  // namespace
 
-ClockTime ClockOfStarDate(double starDate) {
+ExactInstant SplitStarDate(double starDate) {
     if (!std::isfinite(starDate)) return {};
-    const double fraction = starDate - std::floor(starDate);  // [0, 1)
-    auto seconds = static_cast<int>(std::floor(fraction * 86400.0));
-    if (seconds > 86399) seconds = 86399;  // a fraction a hair below 1 rounds up to 86400.0
-    return ClockTime{seconds / 3600, seconds / 60 % 60, seconds % 60};
+    const double seconds = std::floor(starDate * 86400.0 + 0.5);
+    const double day = std::floor(seconds / 86400.0);
+    auto second = static_cast<int>(seconds - day * 86400.0);
+    auto whole = static_cast<StarDay>(day);
+    // The division may land a hair off a day boundary; the remainder decides.
+    if (second < 0) {
+        second += 86400;
+        --whole;
+    } else if (second >= 86400) {
+        second -= 86400;
+        ++whole;
+    }
+    return ExactInstant{whole, second};
 }
 
-std::string FormatClock(const ClockTime& clock) {
+std::string FormatClock(int secondOfDay) {
     char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "%02d:%02d:%02d", clock.hour, clock.minute, clock.second);
+    std::snprintf(buffer, sizeof buffer, "%02d:%02d:%02d", secondOfDay / 3600, secondOfDay / 60 % 60, secondOfDay % 60);
     return buffer;
 }
 
 std::string FormatIsoDate(int year, int month, int day) {
     char buffer[48];
-    std::snprintf(buffer, sizeof buffer, "%s%04d-%02d-%02d", year < 0 ? "-" : "", std::abs(year), month, day);
+    const char* sign = year < 0 ? "-" : (year > 9999 ? "+" : "");
+    std::snprintf(buffer, sizeof buffer, "%s%04d-%02d-%02d", sign, std::abs(year), month, day);
     return buffer;
 }
 
+std::string FormatUtcIso(const ExactInstant& instant) {
+    const CivilDate date = GregorianOfDay(instant.day);
+    return FormatIsoDate(date.year, date.month, date.day) + "T" + FormatClock(instant.second) + "Z";
+}
+
+std::string FormatUtcText(const ExactInstant& instant) {
+    const CivilDate date = GregorianOfDay(instant.day);
+    return FormatIsoDate(date.year, date.month, date.day) + " " + FormatClock(instant.second);
+}
+
+std::string FormatYearText(int year) {
+    if (year <= 0) return std::to_string(1 - static_cast<long>(year)) + " BC";
+    return std::to_string(year);
+}
+
 std::string FormatDateText(int kind, int year, int month, int day) {
-    std::string text = std::to_string(day) + " " + MonthName(kind, month) + " ";
-    if (year < 0) return text + std::to_string(-year) + " BC";
-    return text + std::to_string(year);
+    return std::to_string(day) + " " + FormatMonthTitle(kind, year, month);
+}
+
+std::string FormatMonthTitle(int kind, int year, int month) {
+    // Hebrew years are counted from the epoch: no BC.
+    const std::string yearText = kind == 3 || kind == 4 ? std::to_string(year) : FormatYearText(year);
+    return MonthName(kind, year, month) + " " + yearText;
 }
 
 std::string_view WeekdayName(int weekday) {

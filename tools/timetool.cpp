@@ -1,6 +1,7 @@
 // timetool: the command-line host of the Calendar module.
 #include <CLI/CLI.hpp>
 #include <array>
+#include <cstdlib>
 #include <iostream>
 #include <string_view>
 
@@ -24,8 +25,12 @@ int Run(int argc, char** argv) {
         "timetool: dates in seven calendars, star dates, sunrise, sunset and the moon, "
         "through the Calendar module. Without a command it shows the current instant."};
     app.name("timetool");
+    app.footer(timetool::kWhenGrammar);
+    app.fallthrough();
     timetool::ShowOptions defaultView;
+    std::string fixedNow;
     app.add_flag("--json", defaultView.json, "print the default view as one JSON document");
+    app.add_option("--now", fixedNow, "the instant now and today stand for (a WHEN read as Gregorian)");
     app.require_subcommand(0, 1);
     timetool::AddShowCommand(app);
     timetool::AddConvertCommand(app);
@@ -41,6 +46,14 @@ int Run(int argc, char** argv) {
                   << "' (show, convert, sun, moon, month, save, load, window; --help lists them)\n";
         return timetool::kExitBadInput;
     }
+    // --now is read before any command runs; the variable stands in when it is absent.
+    app.parse_complete_callback([&fixedNow] {
+        if (fixedNow.empty()) {
+            const char* variable = std::getenv("TIMETOOL_NOW");
+            if (variable) fixedNow = variable;
+        }
+        timetool::SetFixedNow(fixedNow);
+    });
     try {
         app.parse(argc, argv);
         if (app.get_subcommands().empty()) timetool::RunShow(defaultView);

@@ -5,17 +5,20 @@
 #include <string>
 #include <string_view>
 
+#include "true_calendar.h"
+
 namespace timetool {
 
 // A civil date and time of day as typed, in the calendar the caller selects.
-// Years follow the module's numbering: -1 is 1 BC, there is no year 0.
+// Years are astronomical, as in ISO 8601: 0 is 1 BC, -1 is 2 BC.
 struct CivilTime {
-    int year = 0;
-    int month = 0;        // [1, 13]; 13 only makes sense in the Hebrew calendar
-    int day = 0;          // [1, 31]
-    int hour = 0;         // [0, 23]
-    int minute = 0;       // [0, 59]
-    double second = 0.0;  // [0, 60)
+    int year = 0;           // [kMinYear, kMaxYear]
+    int month = 0;          // [1, 13], or 0 when the month is given by name
+    std::string monthName;  // a Hebrew month name, lower case without blanks ("sivan", "adarii")
+    int day = 0;            // [1, 31]
+    int hour = 0;           // [0, 23]
+    int minute = 0;         // [0, 59]
+    double second = 0.0;    // [0, 60)
 };
 
 enum class WhenForm { Now, Today, Civil, StarDate, JulianDate, LinuxTime };
@@ -33,31 +36,33 @@ struct WhenParse {
 };
 
 // Accepts "now", "today", "sd:<days>", "jd:<days>", "@<seconds>" and
-// "[-]YYYY-MM-DD" optionally followed by "T" or a blank and "HH:MM[:SS[.fff]]"
-// and an optional "Z". Reads only the characters of `text`.
+// "[+-]Y-MM-DD" (Y of 1 to 5 digits, MM a number or a Hebrew month name)
+// optionally followed by "T" or a blank and "HH:MM[:SS[.fff]]" and an
+// optional "Z". Reads only the characters of `text`.
 WhenParse ParseWhen(std::string_view text);
 
-// Largest star-date magnitude accepted: keeps every calendar's year inside
-// the module's 16-bit year field.
-inline constexpr double kMaxStarDate = 11000000.0;
+// Largest star-date magnitude a numbered WHEN may name before the finer
+// range check of the calendars: a little beyond year 32767 either way.
+inline constexpr double kMaxStarDate = 12500000.0;
 inline constexpr double kJulianDateOffset = 1721422.5;
 inline constexpr double kLinuxEpochStarDate = 719165.0;
 
-}  // namespace timetool
+// The date a civil WHEN names in calendar `kind` (0 to 6), or why there is
+// no such date. Hebrew month names are read for kinds 3 and 4; Adar of a
+// leap year must be named Adar I or Adar II. Kinds 3, 5 and 6 are only
+// checked against their month lengths here: the module decides the rest.
+struct CivilCheck {
+    std::optional<CivilDate> date;
+    std::string error;  // one short phrase, empty on success
+};
+CivilCheck CheckCivilDate(int kind, const CivilTime& civil);
 
-namespace timetool {
-
-// Why a civil date cannot be given to calendar `kind` (0 to 6), or empty when
-// it can: Gregorian-rule kinds (0, 2, 5, 6) and the Julian kind (1) take
-// months 1 to 12 and the days of that month; the Hebrew kinds (3, 4) take
-// months 1 to 13 and days 1 to 30. BC years are checked in the year the day
-// number arithmetic uses for them (1 BC is counted like year 0, a leap year).
-std::string CivilDateError(int kind, const CivilTime& civil);
-
-// A month "YYYY-MM" or "-YYYY-MM" (BC) as the month command takes it.
+// A month "Y-MM" as the month command takes it (astronomical year, MM a
+// number or a Hebrew month name).
 struct YearMonth {
     int year = 0;
     int month = 0;
+    std::string monthName;
 };
 std::optional<YearMonth> ParseYearMonth(std::string_view text);
 

@@ -100,7 +100,8 @@ void RunWindow(const WindowOptions& options) {
     }
     if (source) source->Advise(listener.get(), 0);
     if (options.json) {
-        Json json{{"capacity", capacity}};
+        Json json = JsonDocument();
+        json["capacity"] = capacity;
         if (options.events) json["events"] = EventsJson(startEvents);
         json["steps"] = steps;
         std::cout << json.dump(2) << "\n";

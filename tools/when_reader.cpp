@@ -1,0 +1,109 @@
+#include "when_reader.h"
+
+#include <cmath>
+
+#include "calendar_kind.h"
+#include "text_format.h"
+#include "tool_error.h"
+
+namespace timetool {
+
+namespace {
+
+// How far the module's own calendars (3, 5, 6) are searched from the day
+// their SetDate gives: the mean Hebrew conversion reads day and year only,
+// so a month can lie up to a year away.
+constexpr int kModuleSearchDays = 400;
+
+constexpr const char* kOutOfRange = "outside the years timetool shows (Gregorian -32767 to 32767)";
+
+double TimeOfDay(const CivilTime& civil) { return (civil.hour / 24.0 + civil.minute / 1440.0) + civil.second / 86400.0; }
+
+}  // namespace
+
+void RefuseWhen(const std::string& text, const std::string& why) {
+    throw ToolError{kExitBadInput, "timetool: bad WHEN '" + text + "': " + why};
+}
+
+WhenReader::WhenReader(ModuleDates& dates, std::string fixedNow) : dates_(dates), fixedNow_(std::move(fixedNow)) {}
+
+double WhenReader::Now() {
+    if (!fixedNow_.empty() && fixedNow_ != "now" && fixedNow_ != "today") {
+        const WhenParse parsed = ParseWhen(fixedNow_);
+        if (!parsed.when) throw ToolError{kExitBadInput, "timetool: bad --now '" + fixedNow_ + "': " + parsed.error};
+        return StarDate(fixedNow_, *parsed.when, 0);
+    }
+    TimeObject time(dates_.session());
+    time.ResetToNow();
+    return time.StarDate();
+}
+
+double WhenReader::StarDate(const std::string& text, int kind) {
+    const WhenParse parsed = ParseWhen(text);
+    if (!parsed.when) RefuseWhen(text, parsed.error);
+    return StarDate(text, *parsed.when, kind);
+}
+
+StarDay WhenReader::DayOfCivil(const std::string& text, int kind, const CivilDate& date) {
+    const std::string title(CalendarKindInfo(kind).title);
+    if (kind == 0 || kind == 1 || kind == 2) {
+        // The module's conversions are exact for AD years; before AD 1 they
+        // shift by a day, and the date library stands in.
+        const bool julianRules = kind == 1 || (kind == 2 && DayOfWestern(date) < kWesternReformStarDay);
+        if (date.year < 1) return DayOfTrueDate(kind, date);
+        return static_cast<StarDay>(std::floor(dates_.StarDateOf(julianRules ? 1 : 0, ModuleFields(date))));
+    }
+    if (kind == 4) {
+        // The module's day-to-date conversion is exact: it confirms the day.
+        const StarDay day = DayOfHebrew(date);
+        if (!IsShownDay(day)) RefuseWhen(text, kOutOfRange);
+        const std::optional<StarDay> found = dates_.FindDay(4, ModuleFields(date), day, kModuleSearchDays);
+        if (!found) RefuseWhen(text, "the module has no day for this Hebrew date");
+        return *found;
+    }
+    // The module's own calendars: the day whose module date is the one given.
+    const DateFields fields = ModuleFields(date);
+    const double estimate = dates_.StarDateOf(kind, fields);
+    if (!std::isfinite(estimate) || std::fabs(estimate) > kMaxStarDate) RefuseWhen(text, kOutOfRange);
+    const std::optional<StarDay> found =
+        dates_.FindDay(kind, fields, static_cast<StarDay>(std::floor(estimate)), kModuleSearchDays);
+    if (!found) RefuseWhen(text, "the module's " + title + " calendar has no such date");
+    return *found;
+}
+
+double WhenReader::StarDate(const std::string& text, const When& when, int kind) {
+    double starDate = 0.0;
+    switch (when.form) {
+        case WhenForm::Now:
+            starDate = Now();
+            break;
+        case WhenForm::Today:
+            starDate = static_cast<double>(SplitStarDate(Now()).day);
+            break;
+        case WhenForm::StarDate:
+        case WhenForm::JulianDate:
+        case WhenForm::LinuxTime: {
+            TimeObject time(dates_.session());
+            if (when.form == WhenForm::StarDate) time.SetStarDate(when.value);
+            if (when.form == WhenForm::JulianDate) time.SetJulianDate(when.value);
+            if (when.form == WhenForm::LinuxTime) time.SetLinuxTime(when.value);
+            starDate = time.StarDate();
+            break;
+        }
+        case WhenForm::Civil: {
+            const CivilCheck check = CheckCivilDate(kind, when.civil);
+            if (!check.date) RefuseWhen(text, check.error);
+            if (HasTrueCalendar(kind) && kind != 4) {
+                // The date library's range ends before the Julian calendar's does.
+                const StarDay day = DayOfTrueDate(kind, *check.date);
+                if (!IsShownDay(day)) RefuseWhen(text, kOutOfRange);
+            }
+            starDate = static_cast<double>(DayOfCivil(text, kind, *check.date)) + TimeOfDay(when.civil);
+            break;
+        }
+    }
+    if (!IsShownDay(SplitStarDate(starDate).day)) RefuseWhen(text, kOutOfRange);
+    return starDate;
+}
+
+}  // namespace timetool
