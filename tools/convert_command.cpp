@@ -58,6 +58,7 @@ void AddConvertCommand(CLI::App& app) {
     command->add_option("--from", options->from, kFromHelp);
     command->add_option("--to", options->to, "target calendar, or all (default all)");
     command->add_flag("--json", options->json, "print one JSON document");
+    command->footer(kWhenGrammar);
     command->callback([options] { RunConvert(*options); });
 }
 

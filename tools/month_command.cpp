@@ -137,6 +137,7 @@ void AddMonthCommand(CLI::App& app) {
     command->add_option("--calendar", options->calendar, std::string(kKindHelp) + " (default gregorian)");
     command->add_option("--from", options->from, "the same as --calendar");
     command->add_flag("--json", options->json, "print one JSON document");
+    command->footer(kWhenGrammar);
     command->callback([options] { RunMonth(*options); });
 }
 

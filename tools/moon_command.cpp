@@ -61,6 +61,7 @@ void AddMoonCommand(CLI::App& app) {
     command->add_option("--from", options->from, kFromHelp);
     command->add_option("--days", options->days, "number of days, 1 to 3660 (default 1)");
     command->add_flag("--json", options->json, "print one JSON document");
+    command->footer(kWhenGrammar);
     command->callback([options] { RunMoon(*options); });
 }
 

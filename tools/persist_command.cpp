@@ -233,6 +233,7 @@ void AddSaveCommand(CLI::App& app) {
     command->add_option("WHEN", options->when, kWhenHelp);
     command->add_option("--from", options->from, kFromHelp);
     command->add_flag("--json", options->json, "print one JSON document");
+    command->footer(kWhenGrammar);
     command->callback([options] { RunSave(*options); });
 }
 

@@ -45,6 +45,7 @@ void AddShowCommand(CLI::App& app) {
     command->add_option("--lat", options->latitude, kLatitudeHelp);
     command->add_option("--lon", options->longitude, kLongitudeHelp);
     command->add_flag("--json", options->json, "print one JSON document");
+    command->footer(kWhenGrammar);
     command->callback([options] { RunShow(*options); });
 }
 

@@ -83,6 +83,7 @@ void AddSunCommand(CLI::App& app) {
     command->add_option("--lon", options->longitude, kLongitudeHelp);
     command->add_option("--days", options->days, "number of days, 1 to 3660 (default 1)");
     command->add_flag("--json", options->json, "print one JSON document");
+    command->footer(kWhenGrammar);
     command->callback([options] { RunSun(*options); });
 }
 

@@ -1,6 +1,8 @@
 // End-to-end tests of the built timetool. Expected values come from the
-// module's worked examples (star dates, 21 June 2024 sun and moon) and from
-// hand computation of the documented steps for the other instants.
+// module's worked examples (star dates, 21 June 2024 sun and moon, the
+// month-13 and BC conventions), published calendar dates (15 Sivan 5784 is
+// 21 June 2024) and hand computation of the documented steps; clock times
+// are the module's star dates to the nearest second.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -35,30 +37,38 @@ TEST(TimetoolShow, SolsticeInstantInTheGregorianCalendar) {
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 0);
     // Sunrise and sunset: noon of 1 January 2024 (738888.5) plus the day
-    // counts 171.59733151711325 and 171.82995345218822.
+    // counts 171.59733151711325 and 171.82995345218822, 8409.44 and
+    // 28507.98 seconds into the day.
     EXPECT_EQ(run.out,
               "Instant        2024-06-21 00:00:00 UTC\n"
               "Gregorian      21 June 2024\n"
               "Month length   30 days\n"
               "Year length    12 months, 366 days\n"
-              "Calendar days  739058\n"
+              "Calendar days  739058 (the module's elapsed-day count)\n"
               "Star date      739060.000000\n"
               "Julian Date    2460482.500000\n"
               "Linux time     1718928000\n"
               "Weekday        Friday\n"
               "Sunrise        2024-06-21 02:20:09 UTC at 43.3 N, 83.045 W\n"
-              "Sunset         2024-06-21 07:55:07 UTC\n"
+              "Sunset         2024-06-21 07:55:08 UTC\n"
               "Moon phase     172.68\xC2\xB0 full " +
                   std::string(kFullMoon) + "\n");
 }
 
 TEST(TimetoolShow, EveryWayOfNamingTheSolsticeGivesTheSameStarDate) {
-    for (const char* when :
-         {"2024-06-21", "2024-06-21T00:00:00", "2024-06-21T00:00:00Z", "sd:739060", "jd:2460482.5", "@1718928000"}) {
-        const ToolRun run = RunTimetool({"show", when});
-        EXPECT_EQ(run.status, 0) << when << run.err;
-        EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      739060.000000") << when;
-        EXPECT_EQ(LineOf(run.out, "Instant"), "Instant        2024-06-21 00:00:00 UTC") << when;
+    const std::vector<std::vector<std::string>> whens = {
+        {"2024-06-21"},          {"2024-06-21T00:00:00"},        {"2024-06-21T00:00:00Z"},
+        {"sd:739060"},           {"jd:2460482.5"},               {"@1718928000"},
+        {"+2024-06-21"},         {"2024-06-08", "--from", "julian"}, {"5784-03-15", "--from", "hebrew"},
+        {"5784-Sivan-15", "--from", "hebrew"}, {"5784-SIVAN-15", "--from", "4"}, {"2024-06-24", "--from", "adam"},
+    };
+    for (const std::vector<std::string>& when : whens) {
+        std::vector<std::string> args{"show"};
+        args.insert(args.end(), when.begin(), when.end());
+        const ToolRun run = RunTimetool(args);
+        EXPECT_EQ(run.status, 0) << when.at(0) << run.err;
+        EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      739060.000000") << when.at(0);
+        EXPECT_EQ(LineOf(run.out, "Instant"), "Instant        2024-06-21 00:00:00 UTC") << when.at(0);
     }
 }
 
@@ -68,14 +78,16 @@ TEST(TimetoolShow, MillenniumInstant) {
     EXPECT_EQ(LineOf(run.out, "Gregorian"), "Gregorian      1 January 2000");
     EXPECT_EQ(LineOf(run.out, "Julian "), "Julian         19 December 1999");
     EXPECT_EQ(LineOf(run.out, "Western"), "Western        1 January 2000");
-    EXPECT_EQ(LineOf(run.out, "Hebrew   "), "Hebrew         23 Tevet 5760");
+    // The module's Hebrew SetDate reads day and year only: 23 Tevet 5760 as 23 days after 29 Elul 5759.
+    EXPECT_EQ(LineOf(run.out, "Hebrew   "), "Hebrew         23 Tevet 5760 (module's SetDate of it lands on 21 Tishri 5760)");
     EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      730122.000000");
     EXPECT_EQ(LineOf(run.out, "Julian Date"), "Julian Date    2451544.500000");
     EXPECT_EQ(LineOf(run.out, "Linux time"), "Linux time     946684800");
     EXPECT_EQ(LineOf(run.out, "Weekday"), "Weekday        Saturday");
     // Day counts -0.535718842406178 and -0.30228345015752284 from 730122.5.
-    EXPECT_EQ(LineOf(run.out, "Sunrise"), "Sunrise        1999-12-31 23:08:33 UTC at 43.3 N, 83.045 W");
-    EXPECT_EQ(LineOf(run.out, "Sunset"), "Sunset         2000-01-01 04:44:42 UTC");
+    // 83313.89 and 17082.71 seconds into their days.
+    EXPECT_EQ(LineOf(run.out, "Sunrise"), "Sunrise        1999-12-31 23:08:34 UTC at 43.3 N, 83.045 W");
+    EXPECT_EQ(LineOf(run.out, "Sunset"), "Sunset         2000-01-01 04:44:43 UTC");
     // At the reference instant itself the phase is (T(-1) - 0) / (T(-1) - T(0)) x 360.
     EXPECT_EQ(LineOf(run.out, "Moon phase"), "Moon phase     291.76\xC2\xB0 last quarter " + std::string(kLastQuarter));
 }
@@ -86,56 +98,121 @@ TEST(TimetoolShow, FirstDayOfTheGregorianReform) {
     EXPECT_EQ(LineOf(run.out, "Gregorian"), "Gregorian      15 October 1582");
     EXPECT_EQ(LineOf(run.out, "Julian "), "Julian         5 October 1582");
     EXPECT_EQ(LineOf(run.out, "Western"), "Western        15 October 1582");
-    EXPECT_EQ(LineOf(run.out, "Hebrew   "), "Hebrew         19 Tishri 5343");
+    EXPECT_EQ(LineOf(run.out, "Hebrew   "), "Hebrew         19 Tishri 5343 (module's SetDate of it lands on 18 Tishri 5343)");
     EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      577738.000000");
     EXPECT_EQ(LineOf(run.out, "Julian Date"), "Julian Date    2299160.500000");
     EXPECT_EQ(LineOf(run.out, "Linux time"), "Linux time     -12219292800");
     EXPECT_EQ(LineOf(run.out, "Weekday"), "Weekday        Friday");
-    EXPECT_EQ(LineOf(run.out, "Sunrise"), "Sunrise        1582-10-15 00:13:04 UTC at 43.3 N, 83.045 W");
-    EXPECT_EQ(LineOf(run.out, "Sunset"), "Sunset         1582-10-15 05:32:37 UTC");
 }
 
 TEST(TimetoolShow, LastDayOfTheJulianCalendarIsTheDayBefore) {
     const ToolRun run = RunTimetool({"convert", "1582-10-04", "--from", "julian", "--to", "western"});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.out, "Star date      577737.000000\nWestern        4 October 1582\n");
+    // The module's SetDate of kind 2 reads 4 October 1582 with Gregorian rules.
+    EXPECT_EQ(run.out,
+              "Star date      577737.000000\n"
+              "Western        4 October 1582 (module's SetDate of it lands on 24 September 1582)\n");
 }
 
-TEST(TimetoolShow, BcDateComesBackOneDayEarlierInTheGregorianCalendar) {
-    // 15 March 44 BC (Gregorian) is day number -15995; the module turns that
-    // day number back into 14 March, one day earlier, as it does for every
-    // BC date. The Julian and Western calendars read it as 17 March 44 BC.
-    const ToolRun run = RunTimetool({"show", "-44-03-15"});
+TEST(TimetoolShow, BcDatesAreShownAsGivenWithTheModulesDayBeside) {
+    // 15 March 44 BC (Gregorian; -43 in ISO numbering) is day number -15995;
+    // the module turns that day number back into 14 March, one day earlier.
+    // The Julian calendar names the day 17 March 44 BC.
+    const ToolRun run = RunTimetool({"show", "-43-03-15"});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(LineOf(run.out, "Instant"), "Instant        -0044-03-14 00:00:00 UTC");
-    EXPECT_EQ(LineOf(run.out, "Gregorian"), "Gregorian      14 March 44 BC");
+    EXPECT_EQ(LineOf(run.out, "Instant"), "Instant        -0043-03-15 00:00:00 UTC");
+    EXPECT_EQ(LineOf(run.out, "Gregorian"), "Gregorian      15 March 44 BC (module's GetDate: 14 March 44 BC)");
     EXPECT_EQ(LineOf(run.out, "Julian "), "Julian         17 March 44 BC");
-    EXPECT_EQ(LineOf(run.out, "Western"), "Western        17 March 44 BC");
     EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      -15995.000000");
     EXPECT_EQ(LineOf(run.out, "Julian Date"), "Julian Date    1705427.500000");
     EXPECT_EQ(LineOf(run.out, "Linux time"), "Linux time     -63517824000");
     EXPECT_EQ(LineOf(run.out, "Weekday"), "Weekday        Friday");
-    EXPECT_EQ(LineOf(run.out, "Sunrise"), "Sunrise        -0044-03-14 00:30:46 UTC at 43.3 N, 83.045 W");
-    EXPECT_EQ(LineOf(run.out, "Sunset"), "Sunset         -0044-03-14 06:14:04 UTC");
+
+    // 1 January 2 BC: the module gives "January 0".
+    const ToolRun early = RunTimetool({"show", "-1-01-01", "--calendar", "gregorian"});
+    ASSERT_EQ(early.status, 0) << early.err;
+    EXPECT_EQ(LineOf(early.out, "Instant"), "Instant        -0001-01-01 00:00:00 UTC");
+    EXPECT_EQ(LineOf(early.out, "Gregorian"), "Gregorian      1 January 2 BC (module's GetDate: 0 January 2 BC)");
 }
 
-TEST(TimetoolShow, DefaultViewShowsEveryPart) {
-    const ToolRun run = RunTimetool({});
+TEST(TimetoolShow, CenturyYearEndIsTheThirtyFirstOfDecember) {
+    const ToolRun run = RunTimetool({"show", "1900-12-31", "--calendar", "gregorian"});
     ASSERT_EQ(run.status, 0) << run.err;
-    for (const char* label :
-         {"Instant", "Gregorian", "Julian ", "Western", "Hebrew (mean)", "Hebrew  ", "Adam", "Generic", "Star date",
-          "Julian Date", "Linux time", "Weekday", "Sunrise", "Sunset", "Moon phase"}) {
-        EXPECT_NE(LineOf(run.out, label), "") << label;
+    EXPECT_EQ(LineOf(run.out, "Gregorian"), "Gregorian      31 December 1900 (module's GetDate: 1 month 13 1900)");
+    EXPECT_EQ(LineOf(run.out, "Month length"), "Month length   31 days (module's GetInfo: 30)");
+    EXPECT_EQ(LineOf(run.out, "Year length"), "Year length    12 months, 365 days");
+}
+
+TEST(TimetoolShow, ClockTimesAreTheSecondGiven) {
+    const struct {
+        std::vector<std::string> args;
+        const char* instant;
+    } cases[] = {
+        {{"show", "2066-04-04T15:01:57"}, "Instant        2066-04-04 15:01:57 UTC"},
+        {{"show", "@-1"}, "Instant        1969-12-31 23:59:59 UTC"},
+        {{"show", "@1718992439"}, "Instant        2024-06-21 17:53:59 UTC"},
+        {{"show", "2024-06-21T23:59:59.6"}, "Instant        2024-06-22 00:00:00 UTC"},
+    };
+    for (const auto& c : cases) {
+        const ToolRun run = RunTimetool(c.args);
+        ASSERT_EQ(run.status, 0) << c.args.at(1) << run.err;
+        EXPECT_EQ(LineOf(run.out, "Instant"), c.instant);
     }
 }
 
-TEST(TimetoolShow, TodayIsMidnightUtc) {
-    const ToolRun run = RunTimetool({"show", "today", "--json"});
+TEST(TimetoolShow, YearsPastTheSixteenBitRangeAreOutOfRangeNotWrapped) {
+    const ToolRun run = RunTimetool({"show", "32767-12-31"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(LineOf(run.out, "Instant"), "Instant        +32767-12-31 00:00:00 UTC");
+    EXPECT_EQ(LineOf(run.out, "Hebrew   "), "Hebrew         out of range: year outside -32767 to 32767");
+    EXPECT_EQ(LineOf(run.out, "Adam"), "Adam           out of range: year outside -32767 to 32767");
+    const ToolRun doc = RunTimetool({"show", "32767-12-31", "--json"});
+    ASSERT_EQ(doc.status, 0) << doc.err;
+    const json hebrew = json::parse(doc.out).at("calendars").at(4);
+    EXPECT_TRUE(hebrew.at("year").is_null());
+    EXPECT_EQ(hebrew.at("reason"), "year outside -32767 to 32767");
+}
+
+TEST(TimetoolShow, DefaultViewAtAFixedNow) {
+    const std::string expected =
+        "Instant        2024-06-21 17:54:00 UTC\n"
+        "Gregorian      21 June 2024\n"
+        "Julian         8 June 2024\n"
+        "Western        21 June 2024\n"
+        "Hebrew (mean)  14 Tammuz 5784 (the module's own calendar; module's SetDate of it lands on 11 Heshvan 5784)\n"
+        "Hebrew         15 Sivan 5784 (module's SetDate of it lands on 13 Tishri 5784)\n"
+        "Adam           24 June 2024 (the module's own calendar)\n"
+        "Generic        24 June 2024 (the module's own calendar)\n"
+        "Star date      739060.745833\n"
+        "Julian Date    2460483.245833\n"
+        "Linux time     1718992440\n"
+        "Weekday        Friday\n"
+        "Sunrise        2024-06-21 02:20:09 UTC at 43.3 N, 83.045 W\n"
+        "Sunset         2024-06-21 07:55:08 UTC\n"
+        "Moon phase     181.77\xC2\xB0 full " +
+        std::string(kFullMoon) + "\n";
+    const ToolRun option = RunTimetool({"--now", "2024-06-21T17:54:00"});
+    ASSERT_EQ(option.status, 0) << option.err;
+    EXPECT_EQ(option.out, expected);
+    const ToolRun variable = RunTimetool({}, "", {kNoRegistry, "TIMETOOL_NOW=@1718992440"});
+    ASSERT_EQ(variable.status, 0) << variable.err;
+    EXPECT_EQ(variable.out, expected);
+    // The option wins over the variable.
+    const ToolRun both = RunTimetool({"show", "now", "--now", "2024-06-21T17:54"}, "",
+                                     {kNoRegistry, "TIMETOOL_NOW=2000-01-01"});
+    EXPECT_EQ(LineOf(both.out, "Instant"), "Instant        2024-06-21 17:54:00 UTC");
+}
+
+TEST(TimetoolShow, TodayIsMidnightUtcOfNow) {
+    const ToolRun run = RunTimetool({"show", "today", "--json"}, "", {kNoRegistry, "TIMETOOL_NOW=2024-06-21T17:54"});
     ASSERT_EQ(run.status, 0) << run.err;
     const json doc = json::parse(run.out);
-    const double starDate = doc.at("star_date").get<double>();
+    EXPECT_EQ(doc.at("star_date"), 739060.0);
+    EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00Z");
+    const ToolRun clock = RunTimetool({"show", "today", "--json"});
+    ASSERT_EQ(clock.status, 0) << clock.err;
+    const double starDate = json::parse(clock.out).at("star_date").get<double>();
     EXPECT_EQ(starDate, std::floor(starDate));
-    EXPECT_EQ(doc.at("utc").get<std::string>().substr(10), "T00:00:00");
 }
 
 TEST(TimetoolShow, DefaultViewAsJsonHasTheShowKeys) {
@@ -144,8 +221,9 @@ TEST(TimetoolShow, DefaultViewAsJsonHasTheShowKeys) {
     const nlohmann::ordered_json doc = nlohmann::ordered_json::parse(run.out);
     std::vector<std::string> keys;
     for (auto entry = doc.begin(); entry != doc.end(); ++entry) keys.push_back(entry.key());
-    EXPECT_EQ(keys, (std::vector<std::string>{"utc", "star_date", "julian_date", "linux_time", "weekday",
+    EXPECT_EQ(keys, (std::vector<std::string>{"schema", "utc", "star_date", "julian_date", "linux_time", "weekday",
                                               "weekday_name", "calendars", "calendar", "location", "sun", "moon"}));
+    EXPECT_EQ(doc.at("schema"), 2);
     EXPECT_EQ(doc.at("calendars").size(), 7u);
 }
 
@@ -156,8 +234,9 @@ TEST(TimetoolConvert, SolsticeInEachCalendarKind) {
     } cases[] = {
         {"gregorian", "Gregorian      21 June 2024"}, {"0", "Gregorian      21 June 2024"},
         {"julian", "Julian         8 June 2024"},     {"1", "Julian         8 June 2024"},
-        {"western", "Western        21 June 2024"},   {"hebrew", "Hebrew         15 Sivan 5784"},
-        {"4", "Hebrew         15 Sivan 5784"},
+        {"western", "Western        21 June 2024"},
+        {"hebrew", "Hebrew         15 Sivan 5784 (module's SetDate of it lands on 13 Tishri 5784)"},
+        {"4", "Hebrew         15 Sivan 5784 (module's SetDate of it lands on 13 Tishri 5784)"},
     };
     for (const auto& c : cases) {
         const ToolRun run = RunTimetool({"convert", "2024-06-21", "--to", c.kind});
@@ -185,7 +264,9 @@ TEST(TimetoolConvert, AdamAndGenericWithoutARegistryEpoch) {
     for (const char* kind : {"adam", "generic"}) {
         const ToolRun run = RunTimetool({"convert", "2024-06-21", "--to", kind});
         ASSERT_EQ(run.status, 0) << kind << run.err;
-        EXPECT_EQ(LineOf(run.out, kind[0] == 'a' ? "Adam" : "Generic").substr(15), "24 June 2024") << kind;
+        EXPECT_EQ(LineOf(run.out, kind[0] == 'a' ? "Adam" : "Generic").substr(15),
+                  "24 June 2024 (the module's own calendar)")
+            << kind;
     }
     const ToolRun back = RunTimetool({"convert", "2024-06-24", "--from", "adam", "--to", "gregorian"});
     ASSERT_EQ(back.status, 0) << back.err;
@@ -200,8 +281,30 @@ TEST(TimetoolConvert, AdamAndGenericEpochsFromTheRegistry) {
     std::ofstream(registry) << "[Calendar]\nSDAdam=1\nSDGeneric=3\n";
     const ToolRun run = RunTimetool({"convert", "2024-06-21"}, "", {"CALENDAR_REGISTRY=" + registry});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(LineOf(run.out, "Adam"), "Adam           23 June 2024");
-    EXPECT_EQ(LineOf(run.out, "Generic"), "Generic        21 June 2024");
+    EXPECT_EQ(LineOf(run.out, "Adam"), "Adam           23 June 2024 (the module's own calendar)");
+    EXPECT_EQ(LineOf(run.out, "Generic"), "Generic        21 June 2024 (the module's own calendar)");
+}
+
+TEST(TimetoolConvert, TheIssuesExamplesComeOutTrue) {
+    const struct {
+        std::vector<std::string> args;
+        const char* out;
+    } cases[] = {
+        {{"convert", "5784-03-15", "--from", "hebrew", "--to", "gregorian"},
+         "Star date      739060.000000\nGregorian      21 June 2024\n"},
+        {{"convert", "1582-10-04", "--from", "western", "--to", "gregorian"},
+         "Star date      577737.000000\nGregorian      14 October 1582\n"},
+        {{"convert", "1582-10-04", "--from", "western", "--to", "western"},
+         "Star date      577737.000000\nWestern        4 October 1582 (module's SetDate of it lands on 24 September "
+         "1582)\n"},
+        {{"convert", "5784-Adar II-14", "--from", "hebrew", "--to", "gregorian"},
+         "Star date      738971.000000\nGregorian      24 March 2024\n"},
+    };
+    for (const auto& c : cases) {
+        const ToolRun run = RunTimetool(c.args);
+        ASSERT_EQ(run.status, 0) << c.args.at(1) << run.err;
+        EXPECT_EQ(run.out, c.out) << c.args.at(1);
+    }
 }
 
 TEST(TimetoolConvert, JulianDateIntoGregorian) {
@@ -214,13 +317,17 @@ TEST(TimetoolConvert, JsonListsTheTargets) {
     const ToolRun run = RunTimetool({"convert", "2024-06-21", "--to", "julian", "--json"});
     ASSERT_EQ(run.status, 0) << run.err;
     const json doc = json::parse(run.out);
-    EXPECT_EQ(doc.size(), 4u);
+    EXPECT_EQ(doc.size(), 5u);
+    EXPECT_EQ(doc.at("schema"), 2);
     EXPECT_EQ(doc.at("from"), "gregorian");
     EXPECT_EQ(doc.at("star_date"), 739060.0);
-    EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00");
+    EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00Z");
     ASSERT_EQ(doc.at("calendars").size(), 1u);
     const json& julian = doc.at("calendars").at(0);
-    EXPECT_EQ(julian.size(), 7u);
+    EXPECT_EQ(julian.size(), 10u);
+    EXPECT_EQ(julian.at("source"), "true");
+    EXPECT_TRUE(julian.at("reason").is_null());
+    EXPECT_EQ(julian.at("module"), json::parse(R"({"year":2024,"month":6,"day":8,"star_date":739060.0,"agrees":true})"));
     EXPECT_EQ(julian.at("kind"), 1);
     EXPECT_EQ(julian.at("name"), "julian");
     EXPECT_EQ(julian.at("title"), "Julian");
@@ -234,8 +341,8 @@ TEST(TimetoolShowJson, EveryKeyOfTheSolstice) {
     const ToolRun run = RunTimetool({"show", "2024-06-21", "--json"});
     ASSERT_EQ(run.status, 0) << run.err;
     const json doc = json::parse(run.out);
-    EXPECT_EQ(doc.size(), 11u);
-    EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00");
+    EXPECT_EQ(doc.size(), 12u);
+    EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00Z");
     EXPECT_EQ(doc.at("star_date"), 739060.0);
     EXPECT_EQ(doc.at("julian_date"), 2460482.5);
     EXPECT_EQ(doc.at("linux_time"), 1718928000.0);
@@ -248,15 +355,28 @@ TEST(TimetoolShowJson, EveryKeyOfTheSolstice) {
     for (int i = 0; i < 7; ++i) {
         EXPECT_EQ(calendars.at(i).at("kind"), i);
         EXPECT_EQ(calendars.at(i).at("name"), names[i]);
-        for (const char* key : {"title", "year", "month", "day", "text"}) EXPECT_TRUE(calendars.at(i).contains(key));
+        for (const char* key : {"title", "source", "year", "month", "day", "text", "reason", "module"}) {
+            EXPECT_TRUE(calendars.at(i).contains(key));
+        }
+        EXPECT_EQ(calendars.at(i).at("source"), i == 3 || i == 5 || i == 6 ? "module" : "true");
     }
     EXPECT_EQ(calendars.at(0).at("text"), "21 June 2024");
     EXPECT_EQ(calendars.at(1).at("text"), "8 June 2024");
     EXPECT_EQ(calendars.at(2).at("text"), "21 June 2024");
     EXPECT_EQ(calendars.at(4).at("text"), "15 Sivan 5784");
+    // The module's SetDate of 15 Sivan 5784 counts mean months up to the
+    // year (71526 by its cycle rule) from its epoch day -1373426, ignoring
+    // the month: a time on 28 September 2023 (day 738793).
+    const json& module = calendars.at(4).at("module");
+    EXPECT_EQ(module.at("year"), 5784);
+    EXPECT_EQ(module.at("month"), 3);
+    EXPECT_EQ(module.at("day"), 15);
+    EXPECT_DOUBLE_EQ(module.at("star_date").get<double>(), 71526 * 29.53059413580247 + 15 + (-1373426.0 - 1.0));
+    EXPECT_EQ(module.at("agrees"), false);
 
     const json& calendar = doc.at("calendar");
-    EXPECT_EQ(calendar.size(), 6u);
+    EXPECT_EQ(calendar.size(), 7u);
+    EXPECT_EQ(calendar.at("module"), json::parse(R"({"days_in_month":30,"months_in_year":12,"days_in_year":366})"));
     EXPECT_EQ(calendar.at("kind"), 0);
     EXPECT_EQ(calendar.at("name"), "gregorian");
     EXPECT_EQ(calendar.at("days_in_month"), 30);
@@ -273,8 +393,8 @@ TEST(TimetoolShowJson, EveryKeyOfTheSolstice) {
     EXPECT_EQ(sun.size(), 8u);
     EXPECT_EQ(sun.at("j0"), 738888.5);
     EXPECT_TRUE(sun.at("polar").is_null());
-    EXPECT_EQ(sun.at("sunrise"), "2024-06-21T02:20:09");
-    EXPECT_EQ(sun.at("sunset"), "2024-06-21T07:55:07");
+    EXPECT_EQ(sun.at("sunrise"), "2024-06-21T02:20:09Z");
+    EXPECT_EQ(sun.at("sunset"), "2024-06-21T07:55:08Z");
     EXPECT_DOUBLE_EQ(sun.at("sunrise_days").get<double>(), 171.59733151711325);
     EXPECT_DOUBLE_EQ(sun.at("sunset_days").get<double>(), 171.82995345218822);
     EXPECT_DOUBLE_EQ(sun.at("sunrise_star_date").get<double>(), 738888.5 + 171.59733151711325);
@@ -287,21 +407,36 @@ TEST(TimetoolShowJson, EveryKeyOfTheSolstice) {
     EXPECT_EQ(moon.at("glyph"), kFullMoon);
 }
 
+// The clock time of a star date to the nearest second, "HH:MM:SS".
+std::string NearestSecond(double starDate) {
+    const auto seconds = static_cast<long long>(std::floor(starDate * 86400.0 + 0.5));
+    const long long ofDay = ((seconds % 86400) + 86400) % 86400;
+    char buffer[16];
+    std::snprintf(buffer, sizeof buffer, "%02lld:%02lld:%02lld", ofDay / 3600, ofDay / 60 % 60, ofDay % 60);
+    return buffer;
+}
+
 TEST(TimetoolSun, TwoDaysOfTheSolstice) {
     const ToolRun run = RunTimetool({"sun", "2024-06-21", "--lat", "43.3", "--lon", "-83.045", "--days", "2"});
     ASSERT_EQ(run.status, 0) << run.err;
+    const ToolRun doc = RunTimetool({"sun", "2024-06-21", "--days", "2", "--json"});
+    ASSERT_EQ(doc.status, 0) << doc.err;
+    const json second = json::parse(doc.out).at("days").at(1);
     EXPECT_EQ(run.out,
               "Sunrise and sunset (UTC) at 43.3 N, 83.045 W\n"
               "Date         Sunrise              Sunset\n"
-              "2024-06-21   2024-06-21 02:20:09  2024-06-21 07:55:07\n"
-              "2024-06-22   2024-06-22 02:20:10  2024-06-22 07:55:22\n");
+              "2024-06-21   2024-06-21 02:20:09  2024-06-21 07:55:08\n"
+              "2024-06-22   2024-06-22 " +
+                  NearestSecond(second.at("sunrise_star_date").get<double>()) + "  2024-06-22 " +
+                  NearestSecond(second.at("sunset_star_date").get<double>()) + "\n");
 }
 
 TEST(TimetoolSun, JsonRowOfTheSolstice) {
     const ToolRun run = RunTimetool({"sun", "2024-06-21", "--json"});
     ASSERT_EQ(run.status, 0) << run.err;
     const nlohmann::ordered_json doc = nlohmann::ordered_json::parse(run.out);
-    EXPECT_EQ(doc.size(), 3u);
+    EXPECT_EQ(doc.size(), 4u);
+    EXPECT_EQ(doc.at("schema"), 2);
     EXPECT_EQ(doc.at("latitude"), 43.3);
     EXPECT_EQ(doc.at("longitude"), -83.045);
     ASSERT_EQ(doc.at("days").size(), 1u);
@@ -313,8 +448,8 @@ TEST(TimetoolSun, JsonRowOfTheSolstice) {
     EXPECT_EQ(row.at("date"), "2024-06-21");
     EXPECT_EQ(row.at("j0"), 738888.5);
     EXPECT_TRUE(row.at("polar").is_null());
-    EXPECT_EQ(row.at("sunrise"), "2024-06-21T02:20:09");
-    EXPECT_EQ(row.at("sunset"), "2024-06-21T07:55:07");
+    EXPECT_EQ(row.at("sunrise"), "2024-06-21T02:20:09Z");
+    EXPECT_EQ(row.at("sunset"), "2024-06-21T07:55:08Z");
     EXPECT_DOUBLE_EQ(row.at("sunrise_days").get<double>(), 171.59733151711325);
     EXPECT_DOUBLE_EQ(row.at("sunset_days").get<double>(), 171.82995345218822);
     EXPECT_DOUBLE_EQ(row.at("sunrise_star_date").get<double>(), 738888.5 + 171.59733151711325);
@@ -324,7 +459,7 @@ TEST(TimetoolSun, JsonRowOfTheSolstice) {
 TEST(TimetoolSun, HemisphereLettersMeanTheSamePlace) {
     const ToolRun run = RunTimetool({"sun", "2024-06-21", "--lat", "43.3N", "--lon", "83.045W"});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(LineOf(run.out, "2024-06-21"), "2024-06-21   2024-06-21 02:20:09  2024-06-21 07:55:07");
+    EXPECT_EQ(LineOf(run.out, "2024-06-21"), "2024-06-21   2024-06-21 02:20:09  2024-06-21 07:55:08");
 }
 
 TEST(TimetoolSun, MidnightSunAndPolarNightAreNamed) {
@@ -362,7 +497,7 @@ TEST(TimetoolMoon, WorkedPhasesOfJanuary2024) {
     ASSERT_EQ(doc.at("days").size(), 1u);
     const json& day = doc.at("days").at(0);
     EXPECT_EQ(day.size(), 4u);
-    EXPECT_EQ(day.at("utc"), "2024-01-25T17:54:00");
+    EXPECT_EQ(day.at("utc"), "2024-01-25T17:54:00Z");
     EXPECT_NEAR(day.at("phase").get<double>(), 177.54, 0.005);
     EXPECT_EQ(day.at("name"), "full");
     EXPECT_EQ(day.at("glyph"), kFullMoon);
@@ -426,7 +561,8 @@ TEST(TimetoolMonth, JsonDays) {
     const ToolRun run = RunTimetool({"month", "2024-06", "--json"});
     ASSERT_EQ(run.status, 0) << run.err;
     const json doc = json::parse(run.out);
-    EXPECT_EQ(doc.size(), 5u);
+    EXPECT_EQ(doc.size(), 6u);
+    EXPECT_EQ(doc.at("schema"), 2);
     EXPECT_EQ(doc.at("calendar"), "gregorian");
     EXPECT_EQ(doc.at("year"), 2024);
     EXPECT_EQ(doc.at("month"), 6);
@@ -470,7 +606,8 @@ TEST_P(TimetoolPersist, SaveThenLoadInAnotherProcess) {
     const ToolRun doc = RunTimetool({"load", file, "--json"});
     ASSERT_EQ(doc.status, 0) << doc.err;
     const json parsed = json::parse(doc.out);
-    EXPECT_EQ(parsed.size(), 4u);
+    EXPECT_EQ(parsed.size(), 5u);
+    EXPECT_EQ(parsed.at("schema"), 2);
     EXPECT_EQ(parsed.at("file"), file);
     EXPECT_EQ(parsed.at("form"), form);
     EXPECT_EQ(parsed.at("stored"),
@@ -487,12 +624,31 @@ TEST(TimetoolSave, JsonNamesTheFileFormAndFields) {
     const nlohmann::ordered_json doc = nlohmann::ordered_json::parse(run.out);
     std::vector<std::string> keys;
     for (auto entry = doc.begin(); entry != doc.end(); ++entry) keys.push_back(entry.key());
-    EXPECT_EQ(keys, (std::vector<std::string>{"file", "form", "star_date", "saved"}));
+    EXPECT_EQ(keys, (std::vector<std::string>{"schema", "file", "form", "star_date", "saved", "date"}));
     EXPECT_EQ(doc.at("file"), file);
     EXPECT_EQ(doc.at("form"), "xml");
     EXPECT_DOUBLE_EQ(doc.at("star_date").get<double>(), 739060.0 + ((17 / 24.0 + 54 / 1440.0) + 30.5 / 86400.0));
     EXPECT_EQ(doc.at("saved"),
               nlohmann::ordered_json::parse(R"({"day":21,"month":6,"year":2024,"hour":17,"minute":54,"second":30.5})"));
+}
+
+TEST(TimetoolSave, FromAnotherCalendarStoresTheGregorianFieldsOfTheDay) {
+    const TempDir dir;
+    const std::string file = dir.path() + "/time.xml";
+    const ToolRun run = RunTimetool({"save", file, "5784-Sivan-15T17:54", "--from", "hebrew"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "File           " + file +
+                           " (xml stream)\n"
+                           "Saved          day 21, month 6, year 2024, hour 17, minute 54, second 0\n"
+                           "Hebrew         15 Sivan 5784 (module's SetDate of it lands on 13 Tishri 5784)\n");
+
+    // Before AD 1 the Time object's year counts 1 BC as -1.
+    const ToolRun bc = RunTimetool({"save", file, "-43-03-15T06:00"});
+    ASSERT_EQ(bc.status, 0) << bc.err;
+    EXPECT_EQ(bc.out, "File           " + file +
+                          " (xml stream)\n"
+                          "Saved          day 15, month 3, year -44, hour 6, minute 0, second 0\n"
+                          "               (the Time object counts 1 BC as year -1: year -44 is 44 BC)\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(XmlAndFolder, TimetoolPersist, ::testing::Values("time.xml", "time.dat"));
@@ -516,7 +672,7 @@ TEST(TimetoolWindow, PrintsEachNotificationAsAListener) {
 TEST(TimetoolWindow, JsonSteps) {
     const ToolRun run = RunTimetool({"window", "2", "--events", "--json"}, "7 8 9");
     ASSERT_EQ(run.status, 0) << run.err;
-    const json expected = json::parse(R"({"capacity":2,"events":[{"event":"SizeChanged"}],"steps":[
+    const json expected = json::parse(R"({"schema":2,"capacity":2,"events":[{"event":"SizeChanged"}],"steps":[
         {"value":7.0,"window":[7.0],"events":[{"event":"ElementChanged","index":-1}]},
         {"value":8.0,"window":[7.0,8.0],"events":[{"event":"ElementChanged","index":-1}]},
         {"value":9.0,"window":[8.0,9.0],"events":[{"event":"ElementChanged","index":-1}]}]})");
@@ -533,8 +689,22 @@ TEST(TimetoolBadInput, OneLineNamingTheArgumentAndStatus2) {
         {{"frobnicate"},
          "timetool: unknown command 'frobnicate' (show, convert, sun, moon, month, save, load, window; --help lists "
          "them)\n"},
-        {{"show", "2024-02-30"},
-         "timetool: bad WHEN '2024-02-30': no such day in that month of the Gregorian calendar\n"},
+        {{"show", "2023-02-29"}, "timetool: bad WHEN '2023-02-29': February 2023 has 28 days\n"},
+        {{"convert", "5784-02-30", "--from", "hebrew"}, "timetool: bad WHEN '5784-02-30': Iyar 5784 has 29 days\n"},
+        {{"sun", "5783-13-01", "--from", "hebrew"},
+         "timetool: bad WHEN '5783-13-01': 5783 has no Adar II (a 12-month year)\n"},
+        {{"moon", "5784-Adar-01", "--from", "hebrew"},
+         "timetool: bad WHEN '5784-Adar-01': Adar is ambiguous in 5784, a leap year: name Adar I or Adar II\n"},
+        {{"show", "1582-10-10", "--from", "western"},
+         "timetool: bad WHEN '1582-10-10': 5 to 14 October 1582 do not exist in the Western calendar (4 October "
+         "was followed by 15 October)\n"},
+        {{"show", "2024-00-01"}, "timetool: bad WHEN '2024-00-01': there is no month 0 (months count from 1)\n"},
+        {{"show", "2024-06-00"}, "timetool: bad WHEN '2024-06-00': there is no day 0 (days count from 1)\n"},
+        {{"show", "2024-06-21T23:59:60"},
+         "timetool: bad WHEN '2024-06-21T23:59:60': second out of range (below 60: no leap seconds are counted)\n"},
+        {{"convert", "32767-12-31", "--from", "julian"},
+         "timetool: bad WHEN '32767-12-31': outside the years timetool shows (Gregorian -32767 to 32767)\n"},
+        {{"show", "--now", "yesterday"}, "timetool: bad --now 'yesterday': expected YYYY-MM-DD\n"},
         {{"show", "21/06/2024"}, "timetool: bad WHEN '21/06/2024': expected YYYY-MM-DD\n"},
         {{"show", "sd:abc"}, "timetool: bad WHEN 'sd:abc': not a number\n"},
         {{"convert", "2024-06-21", "--to", "mayan"},
@@ -549,7 +719,7 @@ TEST(TimetoolBadInput, OneLineNamingTheArgumentAndStatus2) {
         {{"month", "2024-6"}, "timetool: bad YEAR-MONTH '2024-6': expected YYYY-MM\n"},
         {{"window", "0"}, "timetool: bad N '0': out of range (1 to 1000000)\n"},
         {{"month", "5783-13", "--calendar", "hebrew"},
-         "timetool: bad YEAR-MONTH '5783-13': the Hebrew calendar has no such month in that year\n"},
+         "timetool: bad YEAR-MONTH '5783-13': 5783 has no Adar II (a 12-month year)\n"},
         {{"load", "/nonexistent/time.xml"},
          "timetool: cannot read FILE '/nonexistent/time.xml': No such file or directory\n"},
     };
@@ -594,6 +764,17 @@ TEST(TimetoolMissingModule, NamesThePathTriedAndExitsWith1) {
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "timetool: cannot load module " + dir.path() +
                            "/_binlinux/Calendar.so (cannot open shared object file: No such file or directory)\n");
+}
+
+TEST(TimetoolHelp, HelpStatesTheGrammarTheYearNumberingAndTheModulesCalendars) {
+    for (const char* command : {"--help", "show", "convert", "month"}) {
+        const ToolRun run =
+            command[0] == '-' ? RunTimetool({command}) : RunTimetool({command, "--help"});
+        EXPECT_EQ(run.status, 0) << command;
+        EXPECT_NE(run.out.find("0 is 1 BC, -1 is 2 BC"), std::string::npos) << command;
+        EXPECT_NE(run.out.find("are the module's own calendars"), std::string::npos) << command;
+        EXPECT_NE(run.out.find("TIMETOOL_NOW"), std::string::npos) << command;
+    }
 }
 
 TEST(TimetoolHelp, EverySubcommandHasHelp) {
