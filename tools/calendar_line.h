@@ -12,10 +12,10 @@ namespace timetool {
 
 struct CalendarLine {
     int kind = 0;
-    bool moduleCalendar = false;    // kinds 3, 5, 6: the module's own calendars
-    std::optional<CivilDate> date;  // astronomical years; nothing when it cannot be shown
-    std::string reason;             // why there is no date
-    DateFields module;              // the module's GetDate of the day, in its own numbering
+    bool moduleCalendar = false;           // kinds 3, 5, 6: the module's own calendars
+    std::optional<CivilDate> date;         // astronomical years; nothing when it cannot be shown
+    std::string reason;                    // why there is no date
+    DateFields module;                     // the module's GetDate of the day, in its own numbering
     std::optional<double> moduleStarDate;  // the module's SetDate of the date's fields
     bool getDateDiffers = false;
     bool setDateDiffers = false;

@@ -45,7 +45,8 @@ void RunConvert(const ConvertOptions& options) {
         return;
     }
     std::string text = LabelledLine("Star date", FormatFixed(starDate, 6));
-    for (const CalendarLine& line : lines) text += LabelledLine(CalendarKindInfo(line.kind).title, CalendarLineText(line));
+    for (const CalendarLine& line : lines)
+        text += LabelledLine(CalendarKindInfo(line.kind).title, CalendarLineText(line));
     std::cout << text;
 }
 

@@ -48,7 +48,8 @@ CalendarDetail DescribeCalendarDetail(const ModuleSession& session, const Calend
     if (line.date && !line.moduleCalendar) {
         detail.lengths = TrueLengths(line.kind, *line.date);
     } else if (line.date) {
-        detail.lengths = CalendarLengths{detail.module.daysInMonth, detail.module.monthsInYear, detail.module.daysInYear};
+        detail.lengths =
+            CalendarLengths{detail.module.daysInMonth, detail.module.monthsInYear, detail.module.daysInYear};
     }
     return detail;
 }
@@ -77,7 +78,8 @@ std::string InstantText(const InstantReport& report, const std::optional<Calenda
                                                LengthNote(lengths.daysInYear, detail->module.daysInYear));
     }
     if (detail) {
-        out += LabelledLine("Calendar days", FormatFixed(detail->calendarDays, 0) + " (the module's elapsed-day count)");
+        out +=
+            LabelledLine("Calendar days", FormatFixed(detail->calendarDays, 0) + " (the module's elapsed-day count)");
     }
     out += LabelledLine("Star date", FormatFixed(report.starDate, 6));
     out += LabelledLine("Julian Date", FormatFixed(report.julianDate, 6));
@@ -91,22 +93,18 @@ std::string InstantText(const InstantReport& report, const std::optional<Calenda
         out += LabelledLine("Sunrise", SunEventText(report.sun.sunrise) + place);
         out += LabelledLine("Sunset", SunEventText(report.sun.sunset));
     }
-    out += LabelledLine("Moon phase", FormatFixed(report.moon.phase, 2) + "\xC2\xB0 " +
-                                          std::string(report.moon.name.name) + " " +
-                                          std::string(report.moon.name.glyph));
+    out +=
+        LabelledLine("Moon phase", FormatFixed(report.moon.phase, 2) + "\xC2\xB0 " +
+                                       std::string(report.moon.name.name) + " " + std::string(report.moon.name.glyph));
     return out;
 }
 
 Json CalendarJson(const CalendarLine& line) {
     const CalendarKind& info = CalendarKindInfo(line.kind);
-    Json json{{"kind", line.kind},
-              {"name", info.key},
-              {"title", info.title},
-              {"source", line.moduleCalendar ? "module" : "true"},
-              {"year", nullptr},
-              {"month", nullptr},
-              {"day", nullptr},
-              {"text", nullptr},
+    Json json{{"kind", line.kind},   {"name", info.key},
+              {"title", info.title}, {"source", line.moduleCalendar ? "module" : "true"},
+              {"year", nullptr},     {"month", nullptr},
+              {"day", nullptr},      {"text", nullptr},
               {"reason", nullptr}};
     if (line.date) {
         json["year"] = line.date->year;
@@ -166,10 +164,9 @@ Json InstantJson(const InstantReport& report, const CalendarDetail& detail) {
                   {"months_in_year", nullptr},
                   {"days_in_year", nullptr},
                   {"calendar_days", detail.calendarDays},
-                  {"module",
-                   Json{{"days_in_month", detail.module.daysInMonth},
-                        {"months_in_year", detail.module.monthsInYear},
-                        {"days_in_year", detail.module.daysInYear}}}};
+                  {"module", Json{{"days_in_month", detail.module.daysInMonth},
+                                  {"months_in_year", detail.module.monthsInYear},
+                                  {"days_in_year", detail.module.daysInYear}}}};
     if (detail.lengths) {
         calendar["days_in_month"] = detail.lengths->daysInMonth;
         calendar["months_in_year"] = detail.lengths->monthsInYear;

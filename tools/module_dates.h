@@ -11,7 +11,9 @@
 namespace timetool {
 
 // Years of the module's fields and astronomical years (0 = 1 BC).
-constexpr int ModuleYear(int astronomicalYear) { return astronomicalYear <= 0 ? astronomicalYear - 1 : astronomicalYear; }
+constexpr int ModuleYear(int astronomicalYear) {
+    return astronomicalYear <= 0 ? astronomicalYear - 1 : astronomicalYear;
+}
 constexpr int AstronomicalYear(int moduleYear) { return moduleYear < 0 ? moduleYear + 1 : moduleYear; }
 
 // A date in the module's numbering, and back.

@@ -59,8 +59,9 @@ std::vector<MonthDay> DaysOfMonth(ModuleDates& dates, int kind, const CivilDate&
             found = dates.FindDay(kind, ModuleFields(date), static_cast<StarDay>(std::floor(estimate)), kSearchDays);
             if (found) *found -= dayOfMonth - 1;
         }
-        if (!found) RefuseMonth(text, "the module's " + std::string(CalendarKindInfo(kind).title) +
-                                          " calendar has no such month");
+        if (!found)
+            RefuseMonth(text,
+                        "the module's " + std::string(CalendarKindInfo(kind).title) + " calendar has no such month");
         day = *found;
     }
     if (!IsShownDay(day)) RefuseMonth(text, "outside the years timetool shows (-32767 to 32767)");
@@ -131,8 +132,9 @@ void AddMonthCommand(CLI::App& app) {
     auto options = std::make_shared<MonthOptions>();
     CLI::App* command =
         app.add_subcommand("month", "A month as a grid, weekdays as columns, the moon at noon UTC on each day");
-    command->add_option("YEAR-MONTH", options->month,
-                        "the month, Y-MM (astronomical year, -43 = 44 BC) or Y-Name for a Hebrew month")
+    command
+        ->add_option("YEAR-MONTH", options->month,
+                     "the month, Y-MM (astronomical year, -43 = 44 BC) or Y-Name for a Hebrew month")
         ->required();
     command->add_option("--calendar", options->calendar, std::string(kKindHelp) + " (default gregorian)");
     command->add_option("--from", options->from, "the same as --calendar");

@@ -188,8 +188,8 @@ void RunSave(const SaveOptions& options) {
     std::string text = "File           " + options.file + " (" + FormName(options.file) + " stream)\n" +
                        "Saved          " + FieldsText(fields) + "\n";
     if (gregorian.year <= 0) {
-        text += "               (the Time object counts 1 BC as year -1: year " + std::to_string(ModuleYear(gregorian.year)) +
-                " is " + FormatYearText(gregorian.year) + ")\n";
+        text += "               (the Time object counts 1 BC as year -1: year " +
+                std::to_string(ModuleYear(gregorian.year)) + " is " + FormatYearText(gregorian.year) + ")\n";
     }
     if (from != 0) text += LabelledLine(CalendarKindInfo(from).title, CalendarLineText(named));
     std::cout << text;

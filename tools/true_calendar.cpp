@@ -75,7 +75,8 @@ int JulianMonthLength(int year, int month) {
 CivilDate WesternOfDay(StarDay day) { return day < kWesternReformStarDay ? JulianOfDay(day) : GregorianOfDay(day); }
 
 StarDay DayOfWestern(const CivilDate& date) {
-    const bool julianRules = date.year < 1582 || (date.year == 1582 && (date.month < 10 || (date.month == 10 && date.day < 15)));
+    const bool julianRules =
+        date.year < 1582 || (date.year == 1582 && (date.month < 10 || (date.month == 10 && date.day < 15)));
     return julianRules ? DayOfJulian(date) : DayOfGregorian(date);
 }
 
@@ -197,12 +198,14 @@ CalendarLengths TrueLengths(int kind, const CivilDate& date) {
     const bool julianRules = kind == 1 || (kind == 2 && date.year < 1582);
     if (kind == 2 && date.year == 1582) {
         // The reform year: ten days of October dropped.
-        const int month = date.month == 10 ? 21 : (date.month < 10 ? JulianMonthLength(1582, date.month)
-                                                                    : GregorianMonthLength(1582, date.month));
+        const int month = date.month == 10 ? 21
+                                           : (date.month < 10 ? JulianMonthLength(1582, date.month)
+                                                              : GregorianMonthLength(1582, date.month));
         return CalendarLengths{month, 12, 355};
     }
     const int february = julianRules ? JulianMonthLength(date.year, 2) : GregorianMonthLength(date.year, 2);
-    const int month = julianRules ? JulianMonthLength(date.year, date.month) : GregorianMonthLength(date.year, date.month);
+    const int month =
+        julianRules ? JulianMonthLength(date.year, date.month) : GregorianMonthLength(date.year, date.month);
     return CalendarLengths{month, 12, 337 + february};
 }
 

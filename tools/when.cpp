@@ -90,7 +90,8 @@ WhenParse ParseNumbered(std::string_view digits, WhenForm form) {
     double starDate = value;
     if (form == WhenForm::JulianDate) starDate = value - kJulianDateOffset;
     if (form == WhenForm::LinuxTime) starDate = value / 86400.0 + kLinuxEpochStarDate;
-    if (std::fabs(starDate) > kMaxStarDate) return Refuse("outside the range of years timetool shows (-32767 to 32767)");
+    if (std::fabs(starDate) > kMaxStarDate)
+        return Refuse("outside the range of years timetool shows (-32767 to 32767)");
     When when;
     when.form = form;
     when.value = value;
@@ -200,10 +201,10 @@ struct HebrewMonthWord {
 
 // Spellings in common use; Adar of a leap year must say which.
 constexpr std::array<HebrewMonthWord, 25> kHebrewMonthWords{{
-    {"nisan", 1},   {"iyar", 2},      {"iyyar", 2},  {"sivan", 3},    {"tammuz", 4},    {"tamuz", 4},  {"av", 5},
-    {"elul", 6},    {"tishri", 7},    {"tishrei", 7}, {"heshvan", 8}, {"cheshvan", 8}, {"marheshvan", 8},
-    {"kislev", 9},  {"tevet", 10},    {"teves", 10}, {"shevat", 11},  {"shvat", 11},    {"adar", 0},   {"adari", 12},
-    {"adar1", 12},  {"adarii", 13},   {"adar2", 13}, {"veadar", 13},  {"adarbet", 13},
+    {"nisan", 1},   {"iyar", 2},   {"iyyar", 2},   {"sivan", 3},    {"tammuz", 4},   {"tamuz", 4},      {"av", 5},
+    {"elul", 6},    {"tishri", 7}, {"tishrei", 7}, {"heshvan", 8},  {"cheshvan", 8}, {"marheshvan", 8}, {"kislev", 9},
+    {"tevet", 10},  {"teves", 10}, {"shevat", 11}, {"shvat", 11},   {"adar", 0},     {"adari", 12},     {"adar1", 12},
+    {"adarii", 13}, {"adar2", 13}, {"veadar", 13}, {"adarbet", 13},
 }};
 
 std::string MonthLengthError(int kind, const CivilDate& date, int length) {
@@ -255,7 +256,8 @@ CivilCheck CheckHebrew(int kind, const CivilTime& civil) {
 
 CivilCheck CheckCivilDate(int kind, const CivilTime& civil) {
     if (kind == 3 || kind == 4) return CheckHebrew(kind, civil);
-    if (!civil.monthName.empty()) return Fail("month names are read in the Hebrew calendars only: give the month as a number");
+    if (!civil.monthName.empty())
+        return Fail("month names are read in the Hebrew calendars only: give the month as a number");
     const CivilDate date{civil.year, civil.month, civil.day};
     if (date.month > 12) return Fail("month out of range (1 to 12)");
     if (kind == 2 && InWesternReformGap(date)) {

@@ -17,7 +17,9 @@ constexpr int kModuleSearchDays = 400;
 
 constexpr const char* kOutOfRange = "outside the years timetool shows (Gregorian -32767 to 32767)";
 
-double TimeOfDay(const CivilTime& civil) { return (civil.hour / 24.0 + civil.minute / 1440.0) + civil.second / 86400.0; }
+double TimeOfDay(const CivilTime& civil) {
+    return (civil.hour / 24.0 + civil.minute / 1440.0) + civil.second / 86400.0;
+}
 
 }  // namespace
 

@@ -57,10 +57,18 @@ TEST(TimetoolShow, SolsticeInstantInTheGregorianCalendar) {
 
 TEST(TimetoolShow, EveryWayOfNamingTheSolsticeGivesTheSameStarDate) {
     const std::vector<std::vector<std::string>> whens = {
-        {"2024-06-21"},          {"2024-06-21T00:00:00"},        {"2024-06-21T00:00:00Z"},
-        {"sd:739060"},           {"jd:2460482.5"},               {"@1718928000"},
-        {"+2024-06-21"},         {"2024-06-08", "--from", "julian"}, {"5784-03-15", "--from", "hebrew"},
-        {"5784-Sivan-15", "--from", "hebrew"}, {"5784-SIVAN-15", "--from", "4"}, {"2024-06-24", "--from", "adam"},
+        {"2024-06-21"},
+        {"2024-06-21T00:00:00"},
+        {"2024-06-21T00:00:00Z"},
+        {"sd:739060"},
+        {"jd:2460482.5"},
+        {"@1718928000"},
+        {"+2024-06-21"},
+        {"2024-06-08", "--from", "julian"},
+        {"5784-03-15", "--from", "hebrew"},
+        {"5784-Sivan-15", "--from", "hebrew"},
+        {"5784-SIVAN-15", "--from", "4"},
+        {"2024-06-24", "--from", "adam"},
     };
     for (const std::vector<std::string>& when : whens) {
         std::vector<std::string> args{"show"};
@@ -79,7 +87,8 @@ TEST(TimetoolShow, MillenniumInstant) {
     EXPECT_EQ(LineOf(run.out, "Julian "), "Julian         19 December 1999");
     EXPECT_EQ(LineOf(run.out, "Western"), "Western        1 January 2000");
     // The module's Hebrew SetDate reads day and year only: 23 Tevet 5760 as 23 days after 29 Elul 5759.
-    EXPECT_EQ(LineOf(run.out, "Hebrew   "), "Hebrew         23 Tevet 5760 (module's SetDate of it lands on 21 Tishri 5760)");
+    EXPECT_EQ(LineOf(run.out, "Hebrew   "),
+              "Hebrew         23 Tevet 5760 (module's SetDate of it lands on 21 Tishri 5760)");
     EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      730122.000000");
     EXPECT_EQ(LineOf(run.out, "Julian Date"), "Julian Date    2451544.500000");
     EXPECT_EQ(LineOf(run.out, "Linux time"), "Linux time     946684800");
@@ -98,7 +107,8 @@ TEST(TimetoolShow, FirstDayOfTheGregorianReform) {
     EXPECT_EQ(LineOf(run.out, "Gregorian"), "Gregorian      15 October 1582");
     EXPECT_EQ(LineOf(run.out, "Julian "), "Julian         5 October 1582");
     EXPECT_EQ(LineOf(run.out, "Western"), "Western        15 October 1582");
-    EXPECT_EQ(LineOf(run.out, "Hebrew   "), "Hebrew         19 Tishri 5343 (module's SetDate of it lands on 18 Tishri 5343)");
+    EXPECT_EQ(LineOf(run.out, "Hebrew   "),
+              "Hebrew         19 Tishri 5343 (module's SetDate of it lands on 18 Tishri 5343)");
     EXPECT_EQ(LineOf(run.out, "Star date"), "Star date      577738.000000");
     EXPECT_EQ(LineOf(run.out, "Julian Date"), "Julian Date    2299160.500000");
     EXPECT_EQ(LineOf(run.out, "Linux time"), "Linux time     -12219292800");
@@ -198,8 +208,8 @@ TEST(TimetoolShow, DefaultViewAtAFixedNow) {
     ASSERT_EQ(variable.status, 0) << variable.err;
     EXPECT_EQ(variable.out, expected);
     // The option wins over the variable.
-    const ToolRun both = RunTimetool({"show", "now", "--now", "2024-06-21T17:54"}, "",
-                                     {kNoRegistry, "TIMETOOL_NOW=2000-01-01"});
+    const ToolRun both =
+        RunTimetool({"show", "now", "--now", "2024-06-21T17:54"}, "", {kNoRegistry, "TIMETOOL_NOW=2000-01-01"});
     EXPECT_EQ(LineOf(both.out, "Instant"), "Instant        2024-06-21 17:54:00 UTC");
 }
 
@@ -232,8 +242,10 @@ TEST(TimetoolConvert, SolsticeInEachCalendarKind) {
         const char* kind;
         const char* line;
     } cases[] = {
-        {"gregorian", "Gregorian      21 June 2024"}, {"0", "Gregorian      21 June 2024"},
-        {"julian", "Julian         8 June 2024"},     {"1", "Julian         8 June 2024"},
+        {"gregorian", "Gregorian      21 June 2024"},
+        {"0", "Gregorian      21 June 2024"},
+        {"julian", "Julian         8 June 2024"},
+        {"1", "Julian         8 June 2024"},
         {"western", "Western        21 June 2024"},
         {"hebrew", "Hebrew         15 Sivan 5784 (module's SetDate of it lands on 13 Tishri 5784)"},
         {"4", "Hebrew         15 Sivan 5784 (module's SetDate of it lands on 13 Tishri 5784)"},
@@ -327,7 +339,8 @@ TEST(TimetoolConvert, JsonListsTheTargets) {
     EXPECT_EQ(julian.size(), 10u);
     EXPECT_EQ(julian.at("source"), "true");
     EXPECT_TRUE(julian.at("reason").is_null());
-    EXPECT_EQ(julian.at("module"), json::parse(R"({"year":2024,"month":6,"day":8,"star_date":739060.0,"agrees":true})"));
+    EXPECT_EQ(julian.at("module"),
+              json::parse(R"({"year":2024,"month":6,"day":8,"star_date":739060.0,"agrees":true})"));
     EXPECT_EQ(julian.at("kind"), 1);
     EXPECT_EQ(julian.at("name"), "julian");
     EXPECT_EQ(julian.at("title"), "Julian");
@@ -768,8 +781,7 @@ TEST(TimetoolMissingModule, NamesThePathTriedAndExitsWith1) {
 
 TEST(TimetoolHelp, HelpStatesTheGrammarTheYearNumberingAndTheModulesCalendars) {
     for (const char* command : {"--help", "show", "convert", "month"}) {
-        const ToolRun run =
-            command[0] == '-' ? RunTimetool({command}) : RunTimetool({command, "--help"});
+        const ToolRun run = command[0] == '-' ? RunTimetool({command}) : RunTimetool({command, "--help"});
         EXPECT_EQ(run.status, 0) << command;
         EXPECT_NE(run.out.find("0 is 1 BC, -1 is 2 BC"), std::string::npos) << command;
         EXPECT_NE(run.out.find("are the module's own calendars"), std::string::npos) << command;

@@ -86,7 +86,7 @@ TEST_F(TimetoolReading, HebrewDatesLandOnTheirDayByNumberAndByName) {
     EXPECT_EQ(Read("5784-sivan-15T12:00", 4), solstice + 0.5);
     EXPECT_EQ(Read("5784-Adar II-14", 4), GregorianDay(2024, 3, 24));  // Purim
     EXPECT_EQ(Read("5784-13-14", 4), GregorianDay(2024, 3, 24));
-    EXPECT_EQ(Read("5784-Adar I-14", 4), GregorianDay(2024, 2, 23));   // Purim Katan
+    EXPECT_EQ(Read("5784-Adar I-14", 4), GregorianDay(2024, 2, 23));  // Purim Katan
     EXPECT_EQ(Read("5783-Adar-14", 4), GregorianDay(2023, 3, 7));
     EXPECT_EQ(Read("5784-Tishri-01", 4), GregorianDay(2023, 9, 16));
     EXPECT_EQ(Read("1-Tishri-01", 4), JulianDay(-3760, 10, 7));  // the epoch, 7 October 3761 BC

@@ -67,7 +67,7 @@ int ModuleHebrewMonth(int libhdateMonth) {
     return libhdateMonth <= 6 ? libhdateMonth + 6 : libhdateMonth - 6;
 }
 
-constexpr const char* kHebrewMonthNames[] = {"",      "Nisan",  "Iyar",    "Sivan",  "Tammuz", "Av",     "Elul",
+constexpr const char* kHebrewMonthNames[] = {"",       "Nisan",   "Iyar",   "Sivan", "Tammuz", "Av",   "Elul",
                                              "Tishri", "Heshvan", "Kislev", "Tevet", "Shevat", "Adar", "Adar II"};
 
 TEST_F(TimetoolSweep, EveryHebrewDayFrom1800To2200LandsOnItsDay) {
@@ -79,8 +79,7 @@ TEST_F(TimetoolSweep, EveryHebrewDayFrom1800To2200LandsOnItsDay) {
         const date::year_month_day gregorian{date::sys_days{date::days{day - kUnixEpoch}}};
         hdate_struct hebrew{};
         hdate_set_gdate(&hebrew, static_cast<int>(static_cast<unsigned>(gregorian.day())),
-                        static_cast<int>(static_cast<unsigned>(gregorian.month())),
-                        static_cast<int>(gregorian.year()));
+                        static_cast<int>(static_cast<unsigned>(gregorian.month())), static_cast<int>(gregorian.year()));
         const int month = ModuleHebrewMonth(hebrew.hd_mon);
         const bool leap = hebrew.hd_size_of_year > 380;
         std::string text;

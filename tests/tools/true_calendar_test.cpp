@@ -57,7 +57,7 @@ TEST(TrueCalendar, HebrewNewYearsMatchThePublishedDates) {
         int year;
         CivilDate gregorian;
     } cases[] = {
-        {5780, {2019, 9, 30}}, {5781, {2020, 9, 19}}, {5782, {2021, 9, 7}}, {5783, {2022, 9, 26}},
+        {5780, {2019, 9, 30}}, {5781, {2020, 9, 19}}, {5782, {2021, 9, 7}},  {5783, {2022, 9, 26}},
         {5784, {2023, 9, 16}}, {5785, {2024, 10, 3}}, {5786, {2025, 9, 23}},
     };
     for (const auto& c : cases) EXPECT_EQ(HebrewNewYearDay(c.year), DayOfGregorian(c.gregorian)) << c.year;

@@ -133,7 +133,7 @@ TEST(ParseWhen, ReadsHebrewMonthNamesWithoutCaseOrBlanks) {
         const char* text;
         const char* name;
     } cases[] = {
-        {"5784-Sivan-15", "sivan"},   {"5784-SIVAN-15", "sivan"},     {"5784-Adar I-01", "adari"},
+        {"5784-Sivan-15", "sivan"},    {"5784-SIVAN-15", "sivan"},          {"5784-Adar I-01", "adari"},
         {"5784-adar ii-01", "adarii"}, {"5784-Adar_II-01T12:00", "adarii"}, {"5783-Adar-14", "adar"},
     };
     for (const auto& c : cases) {
@@ -180,7 +180,8 @@ TEST(CheckCivilDate, RefusesDatesThatDoNotExistInTheirCalendar) {
         {2, Civil(1582, 10, 15), ""},
         {2, Civil(1500, 2, 29), ""},  // Julian rules before the reform
         {2, Civil(1700, 2, 29), "February 1700 has 28 days"},
-        {0, Civil(2024, 0, 1, "sivan"), "month names are read in the Hebrew calendars only: give the month as a number"},
+        {0, Civil(2024, 0, 1, "sivan"),
+         "month names are read in the Hebrew calendars only: give the month as a number"},
         {4, Civil(5784, 2, 30), "Iyar 5784 has 29 days"},
         {4, Civil(5784, 13, 29), ""},
         {4, Civil(5783, 13, 1), "5783 has no Adar II (a 12-month year)"},
@@ -209,9 +210,8 @@ TEST(CheckCivilDate, ResolvesHebrewMonthNamesToTheirNumbers) {
         const char* name;
         int month;
     } cases[] = {
-        {5784, "nisan", 1},   {5784, "sivan", 3}, {5784, "tishrei", 7}, {5784, "cheshvan", 8},
-        {5784, "adari", 12},  {5784, "adar1", 12}, {5784, "adarii", 13}, {5783, "adar", 12},
-        {5784, "shvat", 11},
+        {5784, "nisan", 1},  {5784, "sivan", 3},   {5784, "tishrei", 7}, {5784, "cheshvan", 8}, {5784, "adari", 12},
+        {5784, "adar1", 12}, {5784, "adarii", 13}, {5783, "adar", 12},   {5784, "shvat", 11},
     };
     for (const auto& c : cases) {
         const CivilCheck check = CheckCivilDate(4, Civil(c.year, 0, 1, c.name));
