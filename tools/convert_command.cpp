@@ -31,6 +31,7 @@ void RunConvert(const ConvertOptions& options) {
     const double starDate = context.reader().StarDate(options.when, from);
     const ExactInstant instant = SplitStarDate(starDate);
     std::vector<CalendarLine> lines;
+    lines.reserve(kinds.size());
     for (int kind : kinds) lines.push_back(DescribeCalendarDay(context.dates(), kind, instant.day));
 
     if (options.json) {

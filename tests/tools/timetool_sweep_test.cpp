@@ -26,9 +26,12 @@ namespace {
 constexpr StarDay kUnixEpoch = 719165;  // 1970-01-01
 
 long Stride() {
-    const char* text = std::getenv("TIMETOOL_SWEEP_STRIDE");
-    const long stride = text ? std::strtol(text, nullptr, 10) : 1;
-    return stride > 0 ? stride : 1;
+    static const long stride = [] {
+        const char* text = std::getenv("TIMETOOL_SWEEP_STRIDE");
+        const long value = text ? std::strtol(text, nullptr, 10) : 1;
+        return value > 0 ? value : 1;
+    }();
+    return stride;
 }
 
 std::string WhenText(int year, int month, int day) {
@@ -38,7 +41,7 @@ std::string WhenText(int year, int month, int day) {
 }
 
 class TimetoolSweep : public ::testing::Test {
-protected:
+public:
     TimetoolSweep() : context_(CAL_BUILD_DIR "/_binlinux", "") {}
 
     // Reads `text` in `kind` and checks both directions: the day it lands on
@@ -56,6 +59,7 @@ protected:
         ASSERT_EQ(*line.date, date) << text;
     }
 
+protected:
     ToolContext context_;
 };
 
@@ -83,7 +87,7 @@ TEST_F(TimetoolSweep, EveryHebrewDayFrom1800To2200LandsOnItsDay) {
         const int month = ModuleHebrewMonth(hebrew.hd_mon);
         const bool leap = hebrew.hd_size_of_year > 380;
         std::string text;
-        if (day % 2 == 0) {
+        if (checked % 2 == 0) {
             text = WhenText(hebrew.hd_year, month, hebrew.hd_day);
         } else {
             // Every other day by name; Adar of a leap year is Adar I.
@@ -98,58 +102,44 @@ TEST_F(TimetoolSweep, EveryHebrewDayFrom1800To2200LandsOnItsDay) {
     EXPECT_GE(checked, (last - first) / stride);
 }
 
-TEST_F(TimetoolSweep, EveryGregorianDayOfYearsMinus9999To9999ComesBackAsGiven) {
-    const long stride = Stride();
-    const date::sys_days first{date::year{-9999} / 1 / 1};
-    const date::sys_days last{date::year{9999} / 12 / 31};
-    for (date::sys_days days = first; days <= last; days += date::days{stride}) {
-        const date::year_month_day ymd{days};
-        const CivilDate date{static_cast<int>(ymd.year()), static_cast<int>(static_cast<unsigned>(ymd.month())),
-                             static_cast<int>(static_cast<unsigned>(ymd.day()))};
-        ExpectRoundTrip(0, WhenText(date.year, date.month, date.day), days.time_since_epoch().count() + kUnixEpoch,
-                        date);
-        if (HasFatalFailure()) return;
+// The date of a day in the date library's Gregorian or Julian calendar.
+template <class YearMonthDay>
+CivilDate DateOf(date::sys_days days) {
+    const YearMonthDay ymd{days};
+    return CivilDate{static_cast<int>(ymd.year()), static_cast<int>(static_cast<unsigned>(ymd.month())),
+                     static_cast<int>(static_cast<unsigned>(ymd.day()))};
+}
+
+// Every Stride()th day from `first` to `last`, typed as WHEN in `kind` and
+// expected back as the date `dateOf` gives.
+template <class DateOfDay>
+void SweepDays(TimetoolSweep& sweep, int kind, date::sys_days first, date::sys_days last, DateOfDay dateOf) {
+    const date::days stride{Stride()};
+    for (date::sys_days days = first; days <= last; days += stride) {
+        const CivilDate date = dateOf(days);
+        sweep.ExpectRoundTrip(kind, WhenText(date.year, date.month, date.day),
+                              days.time_since_epoch().count() + kUnixEpoch, date);
+        if (::testing::Test::HasFatalFailure()) return;
     }
+}
+
+TEST_F(TimetoolSweep, EveryGregorianDayOfYearsMinus9999To9999ComesBackAsGiven) {
+    SweepDays(*this, 0, date::sys_days{date::year{-9999} / 1 / 1}, date::sys_days{date::year{9999} / 12 / 31},
+              DateOf<date::year_month_day>);
 }
 
 TEST_F(TimetoolSweep, EveryJulianDayOfYearsMinus9999To9999ComesBackAsGiven) {
-    const long stride = Stride();
-    const date::sys_days first{julian::year_month_day{julian::year{-9999}, julian::month{1}, julian::day{1}}};
-    const date::sys_days last{julian::year_month_day{julian::year{9999}, julian::month{12}, julian::day{31}}};
-    for (date::sys_days days = first; days <= last; days += date::days{stride}) {
-        const julian::year_month_day ymd{days};
-        const CivilDate date{static_cast<int>(ymd.year()), static_cast<int>(static_cast<unsigned>(ymd.month())),
-                             static_cast<int>(static_cast<unsigned>(ymd.day()))};
-        ExpectRoundTrip(1, WhenText(date.year, date.month, date.day), days.time_since_epoch().count() + kUnixEpoch,
-                        date);
-        if (HasFatalFailure()) return;
-    }
+    SweepDays(*this, 1, date::sys_days{julian::year_month_day{julian::year{-9999}, julian::month{1}, julian::day{1}}},
+              date::sys_days{julian::year_month_day{julian::year{9999}, julian::month{12}, julian::day{31}}},
+              DateOf<julian::year_month_day>);
 }
 
 TEST_F(TimetoolSweep, EveryWesternDayFrom1500To1700ComesBackAsGiven) {
-    const long stride = Stride();
-    const date::sys_days first{julian::year_month_day{julian::year{1500}, julian::month{1}, julian::day{1}}};
-    const date::sys_days last{date::year{1700} / 12 / 31};
     const date::sys_days reform{date::year{1582} / 10 / 15};
-    for (date::sys_days days = first; days <= last; days += date::days{stride}) {
-        int year = 0;
-        unsigned month = 0;
-        unsigned day = 0;
-        if (days < reform) {
-            const julian::year_month_day ymd{days};
-            year = static_cast<int>(ymd.year());
-            month = static_cast<unsigned>(ymd.month());
-            day = static_cast<unsigned>(ymd.day());
-        } else {
-            const date::year_month_day ymd{days};
-            year = static_cast<int>(ymd.year());
-            month = static_cast<unsigned>(ymd.month());
-            day = static_cast<unsigned>(ymd.day());
-        }
-        const CivilDate date{year, static_cast<int>(month), static_cast<int>(day)};
-        ExpectRoundTrip(2, WhenText(year, date.month, date.day), days.time_since_epoch().count() + kUnixEpoch, date);
-        if (HasFatalFailure()) return;
-    }
+    SweepDays(*this, 2, date::sys_days{julian::year_month_day{julian::year{1500}, julian::month{1}, julian::day{1}}},
+              date::sys_days{date::year{1700} / 12 / 31}, [reform](date::sys_days days) {
+                  return days < reform ? DateOf<julian::year_month_day>(days) : DateOf<date::year_month_day>(days);
+              });
 }
 
 // "YYYY-MM-DD HH:MM:SS" of a Linux time, by the date library.
