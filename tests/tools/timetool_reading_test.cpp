@@ -1,9 +1,10 @@
 // timetool's reading and showing of dates, in process with the module loaded
-// as the tool loads it. Expected days and dates come from the issue's
-// examples (15 Sivan 5784 is 21 June 2024; the module's SetDate reads it as
-// 28 September 2023), the module's worked examples (31 December 1900 comes
-// back as day 1 of month 13; BC dates turn into a day number one day early;
-// kind 2 reads a date with Gregorian rules) and the date library.
+// as the tool loads it. Expected days and dates come from published
+// calendars (15 Sivan 5784 is 21 June 2024, Purim 5784 is 24 March 2024),
+// the module's worked examples (its SetDate reads 15 Sivan 5784 as a day of
+// 28 September 2023; 31 December 1900 comes back as day 1 of month 13; BC
+// dates and their day numbers part by a day; kind 2 reads a date with
+// Gregorian rules) and the date library.
 #include <date/date.h>
 #include <date/julian.h>
 #include <gtest/gtest.h>
