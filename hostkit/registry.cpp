@@ -10,7 +10,9 @@
 #include "hostkit/kit_components.h"
 #include "hostkit/kit_object.h"
 #include "hostkit/kit_text.h"
-#include "hostkit/registry_file.h"
+#include "hostkit/file_codes.h"
+#include "hostkit/file_read.h"
+#include "hostkit/file_replace.h"
 #include "hostkit/registry_format.h"
 #include "hostkit/registry_location.h"
 #include "hostkit/utf8.h"
@@ -41,15 +43,16 @@ HRESULT ReadRegistryFile(const std::string& path, std::string* text) {
         text->clear();
         return S_OK;
     }
-    switch (ReadWholeFile(path, kMaxRegistryBytes, text)) {
-        case FileRead::kRead:
+    const FileOutcome read = ReadRegularFile(path, kMaxRegistryBytes, text);
+    switch (read.failure) {
+        case FileFailure::kNone:
             return S_OK;
-        case FileRead::kMissing:
+        case FileFailure::kMissing:
             text->clear();
             return S_OK;
-        case FileRead::kTooLarge:
+        case FileFailure::kTooLarge:
             return kRegistryMalformed;
-        case FileRead::kFailed:
+        default:
             break;
     }
     return kRegistryReadFailed;
@@ -122,7 +125,7 @@ public:
                 case RegistryEdit::kEdited:
                     break;
             }
-            return ReplaceFileAtomically(path, edited) ? S_OK : kRegistryWriteFailed;
+            return RegistryWriteCode(ReplaceFile(path, edited, {.new_file_mode = 0644, .make_folders = true}));
         });
     }
 

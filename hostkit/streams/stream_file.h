@@ -15,13 +15,15 @@ namespace kit::streams {
 // with a positive length are E_POINTER.
 HRESULT PathFromWide(std::int32_t length, const wchar_t* path, std::string* out);
 
-// Reads a whole file. kE_FileNotFound, kE_AccessDenied or kE_ReadFault on
-// failure; a file larger than a stream can hold is E_OUTOFMEMORY.
+// Reads a whole regular file (ReadRegularFile). kE_FileNotFound,
+// kE_AccessDenied (also for a folder), kE_LinkLoop or kE_ReadFault (also for
+// a device, FIFO or socket) on failure; a file larger than a stream can hold
+// is E_OUTOFMEMORY.
 HRESULT ReadWholeFile(const std::string& path, std::string* out);
 
-// Writes a temporary file in the same folder, flushes it to disk and renames
-// it over path, so readers see the old file or the new one, never a mix. The
-// temporary file is removed on failure.
+// Replaces the file through its symbolic links without ever leaving it
+// half-written (ReplaceFile). A folder at the path is kE_AccessDenied, a
+// device, FIFO or socket kE_NotRegularFile, a full disk kE_DiskFull.
 HRESULT WriteFileAtomically(const std::string& path, std::string_view bytes);
 
 }  // namespace kit::streams

@@ -22,5 +22,12 @@ inline constexpr HRESULT kE_FileNotFound = static_cast<HRESULT>(0x80070002u);
 inline constexpr HRESULT kE_AccessDenied = static_cast<HRESULT>(0x80070005u);
 inline constexpr HRESULT kE_WriteFault = static_cast<HRESULT>(0x8007001Du);
 inline constexpr HRESULT kE_ReadFault = static_cast<HRESULT>(0x8007001Eu);
+// A save refused because a device node, FIFO or socket stands at the path
+// (left untouched).
+inline constexpr HRESULT kE_NotRegularFile = static_cast<HRESULT>(0x800700DEu);
+// The path's symbolic links go round in a circle or are too many to follow.
+inline constexpr HRESULT kE_LinkLoop = static_cast<HRESULT>(0x80070781u);
+// The disk or the quota is full.
+inline constexpr HRESULT kE_DiskFull = static_cast<HRESULT>(0x80070070u);
 
 }  // namespace kit

@@ -310,4 +310,33 @@ TEST_F(RegistryTest, FollowsASymbolicLink) {
     EXPECT_EQ(Read(target), "[Calendar]\nSDAdam=2\n");
 }
 
+TEST_F(RegistryTest, FifoInTheFilesPlaceIsNeitherReadNorReplaced) {
+    const fs::path fifo = folder_ / "registry.ini";
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    SmartPtr<IRegistry> registry = Open(fifo);
+    // Both answer at once: no writer is waited for.
+    EXPECT_EQ(Get(registry.get(), L"Calendar", L"SDAdam", kReadFailed), L"<null>");
+    EXPECT_EQ(Set(registry.get(), L"Calendar", L"SDAdam", L"1"), kReadFailed);
+    EXPECT_TRUE(fs::is_fifo(fs::symlink_status(fifo)));
+    EXPECT_EQ(FilesInFolder(), std::vector<std::string>{"registry.ini"});
+}
+
+TEST_F(RegistryTest, CircleOfLinksIsUnreadable) {
+    const fs::path link = folder_ / "registry.ini";
+    fs::create_symlink("registry.ini", link);
+    SmartPtr<IRegistry> registry = Open(link);
+    EXPECT_EQ(Get(registry.get(), L"Calendar", L"SDAdam", kReadFailed), L"<null>");
+    EXPECT_EQ(Set(registry.get(), L"Calendar", L"SDAdam", L"1"), kReadFailed);
+    EXPECT_TRUE(fs::is_symlink(link));
+}
+
+TEST_F(RegistryTest, DanglingLinkCreatesTheFileItNames) {
+    const fs::path link = folder_ / "link.ini";
+    fs::create_symlink("made.ini", link);
+    SmartPtr<IRegistry> registry = Open(link);
+    EXPECT_EQ(Set(registry.get(), L"Calendar", L"SDAdam", L"5"), S_OK);
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(Read(folder_ / "made.ini"), "[Calendar]\nSDAdam=5\n");
+}
+
 }  // namespace

@@ -1,5 +1,7 @@
 // "DataStream": the kit's memory byte stream.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "kitstreams/kit_streams_support.h"
 
@@ -220,6 +222,66 @@ TEST(DataStream, WidePathsAreUtf8FileNames) {
     const std::wstring path = Wide(folder.File("")) + L"\u00E9t\u00E9.bin";
     EXPECT_EQ(stream->SaveToFile(static_cast<std::int32_t>(path.size()), path.data()), S_OK);
     EXPECT_EQ(folder.Listing(), "\xC3\xA9t\xC3\xA9.bin;");
+}
+
+constexpr HRESULT kNotRegularFile = static_cast<HRESULT>(0x800700DEu);
+constexpr HRESULT kLinkLoop = static_cast<HRESULT>(0x80070781u);
+
+std::string LinkText(const std::string& path) {
+    char buffer[4096];
+    const ssize_t length = ::readlink(path.c_str(), buffer, sizeof buffer);
+    return length < 0 ? std::string() : std::string(buffer, static_cast<std::size_t>(length));
+}
+
+TEST(DataStream, SaveRefusesAFifoAndLeavesIt) {
+    ScratchFolder folder;
+    ASSERT_EQ(::mkfifo(folder.File("pipe").c_str(), 0600), 0);
+    SmartPtr<IDataStream> stream = NewStream();
+    stream->Write("x", 1, nullptr);
+    EXPECT_EQ(SaveStream(stream.get(), folder.File("pipe")), kNotRegularFile);
+    struct stat info {};
+    ASSERT_EQ(::lstat(folder.File("pipe").c_str(), &info), 0);
+    EXPECT_TRUE(S_ISFIFO(info.st_mode));
+    EXPECT_EQ(folder.Listing(), "pipe;");
+    // Loading it answers at once, without waiting for a writer.
+    EXPECT_EQ(LoadStream(stream.get(), folder.File("pipe")), static_cast<HRESULT>(0x8007001Eu));
+}
+
+TEST(DataStream, SaveThroughALinkKeepsTheLink) {
+    ScratchFolder folder;
+    WriteBytes(folder.File("real.bin"), "old");
+    ASSERT_EQ(::symlink("real.bin", folder.File("link.bin").c_str()), 0);
+    SmartPtr<IDataStream> stream = NewStream();
+    stream->Write("new", 3, nullptr);
+    EXPECT_EQ(SaveStream(stream.get(), folder.File("link.bin")), S_OK);
+    EXPECT_EQ(LinkText(folder.File("link.bin")), "real.bin");
+    EXPECT_EQ(ReadBytes(folder.File("real.bin")), "new");
+    EXPECT_EQ(folder.Listing(), "link.bin;real.bin;");
+}
+
+TEST(DataStream, CircleOfLinksGetsItsCode) {
+    ScratchFolder folder;
+    ASSERT_EQ(::symlink("b", folder.File("a").c_str()), 0);
+    ASSERT_EQ(::symlink("a", folder.File("b").c_str()), 0);
+    SmartPtr<IDataStream> stream = NewStream();
+    stream->Write("keep", 4, nullptr);
+    EXPECT_EQ(SaveStream(stream.get(), folder.File("a")), kLinkLoop);
+    EXPECT_EQ(LoadStream(stream.get(), folder.File("a")), kLinkLoop);
+    EXPECT_EQ(ReadAll(stream.get()), "keep");
+    EXPECT_EQ(folder.Listing(), "a;b;");
+}
+
+TEST(DataStream, SaveKeepsTheModeOfTheOldFile) {
+    ScratchFolder folder;
+    WriteBytes(folder.File("private.bin"), "old");
+    ASSERT_EQ(::chmod(folder.File("private.bin").c_str(), 0600), 0);
+    SmartPtr<IDataStream> stream = NewStream();
+    stream->Write("new", 3, nullptr);
+    EXPECT_EQ(SaveStream(stream.get(), folder.File("private.bin")), S_OK);
+    struct stat info {};
+    ASSERT_EQ(::stat(folder.File("private.bin").c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777, 0600u);
+    EXPECT_EQ(ReadBytes(folder.File("private.bin")), "new");
 }
 
 }  // namespace

@@ -1,12 +1,5 @@
 #include "kitstreams/kit_streams_support.h"
 
-#include <stdlib.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <stdexcept>
-#include <vector>
-
 namespace kitstreams_test {
 
 const LoadedModule& Kit() { return LoadModule("CollectionsEx"); }
@@ -53,27 +46,6 @@ std::int32_t RefCount(IUnknown* object) {
     return object->Release();
 }
 
-ScratchFolder::ScratchFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "kitstreams-XXXXXX").string();
-    if (!::mkdtemp(pattern.data())) throw std::runtime_error("cannot make a scratch folder");
-    path_ = pattern;
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
-std::string ScratchFolder::Listing() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-        names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    std::string listing;
-    for (const std::string& name : names) listing += name + ";";
-    return listing;
-}
 
 std::wstring Wide(std::string_view ascii) { return std::wstring(ascii.begin(), ascii.end()); }
 

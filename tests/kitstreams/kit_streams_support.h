@@ -8,8 +8,11 @@
 
 #include "support/module_host.h"
 #include "support/stream_files.h"
+#include "hostkit/scratch_folder.h"
 
 namespace kitstreams_test {
+
+using ::ScratchFolder;
 
 // Result codes the kit's streams answer, as hosts see them.
 inline constexpr HRESULT kTruncated = static_cast<HRESULT>(0x80070026u);
@@ -39,21 +42,6 @@ SmartPtr<IVariant> TextVariant(std::wstring_view value);
 // The current reference count of an object, by AddRef and Release.
 std::int32_t RefCount(IUnknown* object);
 
-// A fresh folder under the system's temporary folder, removed with its
-// content at the end of the scope.
-class ScratchFolder {
-public:
-    ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    ~ScratchFolder();
-    std::string File(std::string_view name) const { return path_ + "/" + std::string(name); }
-    // Names of the entries in the folder, sorted.
-    std::string Listing() const;
-
-private:
-    std::string path_;
-};
 
 std::wstring Wide(std::string_view ascii);
 

@@ -1,0 +1,82 @@
+// A saver killed at random moments never leaves a torn file: after every kill
+// the file holds one complete version, and the temporary files the kills
+// left never block the next save.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <thread>
+
+#include "hostkit/file_replace.h"
+#include "hostkit/scratch_folder.h"
+
+namespace kit {
+namespace {
+
+std::string Content(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+// Saves the two versions one after the other until it is killed.
+[[noreturn]] void SaveForEver(const std::string& path, const std::string& first, const std::string& second) {
+    for (;;) {
+        if (!ReplaceFile(path, first).ok()) ::_exit(3);
+        if (!ReplaceFile(path, second).ok()) ::_exit(3);
+    }
+}
+
+TEST(ReplaceFileCrash, KilledSaverLeavesOneCompleteVersion) {
+    constexpr int kKills = 200;
+    ScratchFolder folder;
+    const std::string path = folder.File("state");
+    // Two versions of different lengths and content: any mix or cut shows.
+    const std::string version_a = std::string(150000, 'a') + "end of A";
+    const std::string version_b = std::string(250000, 'b') + "end of B";
+    // Kills fall anywhere within about one pair of saves; how long a save
+    // takes (mostly flushing to disk) depends on the machine.
+    const auto started = std::chrono::steady_clock::now();
+    ASSERT_TRUE(ReplaceFile(path, version_b).ok());
+    ASSERT_TRUE(ReplaceFile(path, version_a).ok());
+    const auto pair = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - started);
+    const long longest = std::clamp<long>(pair.count(), 2000, 30000);
+
+    std::mt19937 random(20240515);  // fixed, so the sequence of delays repeats
+    std::uniform_int_distribution<long> delay_us(0, longest);
+    int seen_a = 0;
+    int seen_b = 0;
+    for (int kill = 0; kill < kKills; ++kill) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) SaveForEver(path, version_a, version_b);
+        std::this_thread::sleep_for(std::chrono::microseconds(delay_us(random)));
+        ASSERT_EQ(::kill(child, SIGKILL), 0);
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        // A saver that failed on its own would exit 3 instead of being killed.
+        ASSERT_TRUE(WIFSIGNALED(status)) << "kill " << kill << " status " << status;
+        const std::string content = Content(path);
+        if (content == version_a) {
+            ++seen_a;
+        } else if (content == version_b) {
+            ++seen_b;
+        } else {
+            FAIL() << "kill " << kill << ": torn file of " << content.size() << " bytes";
+        }
+    }
+    // Both versions were written between kills, so the kills did land inside saves.
+    EXPECT_GT(seen_a, 0);
+    EXPECT_GT(seen_b, 0);
+    EXPECT_TRUE(ReplaceFile(path, "after the kills").ok());
+    EXPECT_EQ(Content(path), "after the kills");
+}
+
+}  // namespace
+}  // namespace kit
