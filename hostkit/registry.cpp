@@ -7,12 +7,12 @@
 #include <string>
 
 #include "hostkit/creatable_string.h"
-#include "hostkit/kit_components.h"
-#include "hostkit/kit_object.h"
-#include "hostkit/kit_text.h"
 #include "hostkit/file_codes.h"
 #include "hostkit/file_read.h"
 #include "hostkit/file_replace.h"
+#include "hostkit/kit_components.h"
+#include "hostkit/kit_object.h"
+#include "hostkit/kit_text.h"
 #include "hostkit/registry_format.h"
 #include "hostkit/registry_location.h"
 #include "hostkit/utf8.h"

@@ -86,7 +86,8 @@ RegistryProblem Problem(const std::string& path, int line, std::string what) { r
 }  // namespace
 
 std::optional<RegistryProblem> DiagnoseRegistryText(const std::string& path, std::string_view file) {
-    if (file.size() > kMaxRegistryBytes) return Problem(path, 0, "the file is larger than the registry's limit of 1 MiB");
+    if (file.size() > kMaxRegistryBytes)
+        return Problem(path, 0, "the file is larger than the registry's limit of 1 MiB");
     if (file.starts_with("\xEF\xBB\xBF")) file.remove_prefix(3);
     struct EpochEntry {
         int line = 0;  // 0 when absent
@@ -115,7 +116,8 @@ std::optional<RegistryProblem> DiagnoseRegistryText(const std::string& path, std
             case RegistryLineKind::kEntry: {
                 std::string value;
                 if (!UnescapeRegistryValue(line.value, &value)) {
-                    return Problem(path, number, "the line's value has an unknown escape (known: \\\\ \\n \\r \\t \\s \\0)");
+                    return Problem(path, number,
+                                   "the line's value has an unknown escape (known: \\\\ \\n \\r \\t \\s \\0)");
                 }
                 if (section != kCalendarSection) break;
                 for (std::size_t key = 0; key < std::size(kEpochKeys); ++key) {

@@ -1,11 +1,13 @@
 #include "hostkit/streams/folder_format.h"
 
+#include <zlib.h>
+
 #include <algorithm>
+#include <limits>
 
 #include "hostkit/streams/byte_store.h"
-#include "hostkit/streams/crc32.h"
 #include "hostkit/streams/stream_results.h"
-#include "hostkit/streams/text_codec.h"
+#include "hostkit/utf8.h"
 
 namespace kit::streams {
 
@@ -15,6 +17,15 @@ constexpr std::string_view kMagic{"KFOLDER\x1A", 8};
 constexpr std::uint32_t kVersion = 1;
 // Smallest record: name length, one name unit, data length.
 constexpr std::size_t kMinRecordSize = 12;
+
+// The checksum that closes a file: CRC-32 with the reflected 0xEDB88320
+// polynomial, initial and final value 0xFFFFFFFF (zlib's). zlib takes at most
+// 4 GiB per call; a stream holds less than 2 GiB.
+std::uint32_t Crc32(std::string_view bytes) {
+    static_assert(kMaxStreamSize <= std::numeric_limits<uInt>::max());
+    return static_cast<std::uint32_t>(
+        ::crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size())));
+}
 
 void PutU32(std::uint32_t value, std::string& out) {
     for (int shift = 0; shift < 32; shift += 8) out.push_back(static_cast<char>((value >> shift) & 0xFFu));

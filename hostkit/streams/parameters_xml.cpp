@@ -7,9 +7,9 @@
 #include "hostkit/kit_text.h"
 #include "hostkit/streams/parameter_values.h"
 #include "hostkit/streams/stream_results.h"
-#include "hostkit/streams/text_codec.h"
 #include "hostkit/streams/xml_chars.h"
-#include "hostkit/streams/xml_scanner.h"
+#include "hostkit/streams/xml_reader.h"
+#include "hostkit/utf8.h"
 
 namespace kit::streams {
 
@@ -58,71 +58,58 @@ HRESULT SaveEntry(const ParameterEntry& entry, IXMLStream* stream) {
     return hr;
 }
 
-// Collects the fields of each "Parameter" child of the first "Parameters"
-// element; other elements and their text are passed over.
-class ParametersReader final : public XmlHandler {
-public:
-    struct RawEntry {
-        std::string fields[3];    // by field index, UTF-8
-        int seen[3] = {0, 0, 0};  // how often each field element occurred
-    };
-
-    void StartElement(std::string_view name) override {
-        ++depth_;
-        if (root_depth_ == 0) {
-            if (!found_ && name == kRootElement) root_depth_ = depth_;
-            return;
-        }
-        if (depth_ == root_depth_ + 1 && name == kEntryElement) {
-            entries_.emplace_back();
-        } else if (depth_ == root_depth_ + 2 && !entries_.empty()) {
-            field_ = FieldIndex(name);
-            if (field_ >= 0) ++entries_.back().seen[field_];
-        }
-    }
-    void EndElement() override {
-        if (depth_ == root_depth_ + 2) field_ = -1;
-        if (depth_ == root_depth_ && root_depth_ != 0) {
-            root_depth_ = 0;
-            found_ = true;
-        }
-        --depth_;
-    }
-    void Text(std::string_view text) override {
-        if (root_depth_ != 0 && depth_ == root_depth_ + 2 && field_ >= 0 && !entries_.empty()) {
-            entries_.back().fields[field_].append(text);
-        }
-    }
-
-    bool found() const { return found_; }
-    const std::vector<RawEntry>& entries() const { return entries_; }
-
-private:
-    static int FieldIndex(std::string_view name) {
-        for (int field = 0; field < 3; ++field) {
-            if (kFieldElements[field] == name) return field;
-        }
-        return -1;
-    }
-
-    int depth_ = 0;
-    int root_depth_ = 0;  // depth of the open "Parameters" element, 0 outside it
-    int field_ = -1;      // field being read inside the current entry
-    bool found_ = false;  // the first "Parameters" element has ended
-    std::vector<RawEntry> entries_;
+// The fields of one "Parameter" element: the direct text of each field
+// child, and how often each field occurred.
+struct RawEntry {
+    std::string fields[3];  // by field index, UTF-8
+    int seen[3] = {0, 0, 0};
 };
 
-HRESULT EntryFromRaw(const ParametersReader::RawEntry& raw, ParameterEntry* entry) {
+int FieldIndex(std::string_view name) {
+    for (int field = 0; field < 3; ++field) {
+        if (kFieldElements[field] == name) return field;
+    }
+    return -1;
+}
+
+// The text directly inside an element (its text and CDATA children, not
+// those of deeper elements).
+std::string DirectText(pugi::xml_node element) {
+    std::string text;
+    for (pugi::xml_node child : element.children()) {
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) text.append(child.value());
+    }
+    return text;
+}
+
+// The first "Parameters" element in document order, wherever it stands.
+pugi::xml_node FindRoot(const pugi::xml_document& tree) {
+    return tree.find_node([](pugi::xml_node node) {
+        return node.type() == pugi::node_element && std::string_view(node.name()) == kRootElement;
+    });
+}
+
+RawEntry ReadEntry(pugi::xml_node parameter) {
+    RawEntry raw;
+    for (pugi::xml_node child : parameter.children()) {
+        if (child.type() != pugi::node_element) continue;
+        const int field = FieldIndex(child.name());
+        if (field < 0) continue;
+        ++raw.seen[field];
+        raw.fields[field] += DirectText(child);
+    }
+    return raw;
+}
+
+HRESULT EntryFromRaw(const RawEntry& raw, ParameterEntry* entry) {
     for (const int count : raw.seen) {
         if (count != 1) return kE_StreamCorrupt;
     }
     ParameterKind kind = ParameterKind::kEmpty;
     if (!KindFromName(raw.fields[kTypeField], &kind)) return kE_StreamCorrupt;
-    DecodeUtf8Lenient(raw.fields[kNameField], entry->name);
+    entry->name = DecodeUtf8Lenient(raw.fields[kNameField]);
     if (entry->name.empty()) return kE_StreamCorrupt;
-    std::wstring value;
-    DecodeUtf8Lenient(raw.fields[kValueField], value);
-    return ValueFromText(kind, value, entry) ? S_OK : kE_StreamCorrupt;
+    return ValueFromText(kind, DecodeUtf8Lenient(raw.fields[kValueField]), entry) ? S_OK : kE_StreamCorrupt;
 }
 
 }  // namespace
@@ -142,21 +129,25 @@ HRESULT SaveParametersXml(const ParameterEntries& entries, IXMLStream* stream) {
 
 HRESULT LoadParametersXml(std::wstring_view text, ParameterEntries* entries) {
     std::string bytes;
-    if (!AppendUtf8(text, bytes)) return kE_StreamCorrupt;
-    ParametersReader reader;
-    switch (ScanXml(bytes, XmlMode::kFragment, &reader)) {
-        case XmlScan::kOk:
+    if (!AppendUtf8(text, &bytes)) return kE_StreamCorrupt;
+    pugi::xml_document tree;
+    switch (ReadXml(bytes, XmlMode::kFragment, &tree)) {
+        case XmlCheck::kOk:
             break;
-        case XmlScan::kTruncated:
+        case XmlCheck::kTruncated:
             return kE_StreamTruncated;
-        case XmlScan::kCorrupt:
+        case XmlCheck::kCorrupt:
             return kE_StreamCorrupt;
     }
-    if (!reader.found()) return kE_NameNotFound;
-    ParameterEntries loaded(reader.entries().size());
-    for (std::size_t i = 0; i < loaded.size(); ++i) {
-        const HRESULT hr = EntryFromRaw(reader.entries()[i], &loaded[i]);
+    const pugi::xml_node root = FindRoot(tree);
+    if (!root) return kE_NameNotFound;
+    ParameterEntries loaded;
+    for (pugi::xml_node child : root.children()) {
+        if (child.type() != pugi::node_element || std::string_view(child.name()) != kEntryElement) continue;
+        ParameterEntry entry;
+        const HRESULT hr = EntryFromRaw(ReadEntry(child), &entry);
         if (FAILED(hr)) return hr;
+        loaded.push_back(std::move(entry));
     }
     if (HasRepeatedName(loaded)) return kE_StreamCorrupt;
     *entries = std::move(loaded);

@@ -5,7 +5,7 @@
 #include "hostkit/file_replace.h"
 #include "hostkit/streams/byte_store.h"
 #include "hostkit/streams/stream_results.h"
-#include "hostkit/streams/text_codec.h"
+#include "hostkit/utf8.h"
 
 namespace kit::streams {
 
@@ -15,7 +15,7 @@ HRESULT PathFromWide(std::int32_t length, const wchar_t* path, std::string* out)
     const std::wstring_view text(path, static_cast<std::size_t>(length));
     if (text.find(L'\0') != std::wstring_view::npos) return E_INVALIDARG;
     out->clear();
-    if (!AppendUtf8(text, *out)) return E_INVALIDARG;
+    if (!AppendUtf8(text, out)) return E_INVALIDARG;
     return S_OK;
 }
 

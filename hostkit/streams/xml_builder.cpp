@@ -1,7 +1,7 @@
 #include "hostkit/streams/xml_builder.h"
 
-#include "hostkit/streams/text_codec.h"
 #include "hostkit/streams/xml_chars.h"
+#include "hostkit/utf8.h"
 
 namespace kit::streams {
 
@@ -10,7 +10,7 @@ namespace {
 // The UTF-8 form of a checked XML name.
 bool EncodeName(std::wstring_view name, std::string& out) {
     out.clear();
-    return IsXmlName(name) && AppendUtf8(name, out);
+    return IsXmlName(name) && AppendUtf8(name, &out);
 }
 
 }  // namespace

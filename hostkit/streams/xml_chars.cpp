@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "hostkit/streams/text_codec.h"
+#include "hostkit/utf8.h"
 
 namespace kit::streams {
 
@@ -62,20 +62,17 @@ bool IsXmlName(std::wstring_view name) {
 }
 
 bool AppendEscaped(std::wstring_view text, std::string& out) {
-    for (const wchar_t unit : text) {
-        const auto code = static_cast<std::uint32_t>(unit);
-        if (!IsXmlChar(code)) return false;
-        std::string_view reference;
+    std::size_t plain = 0;  // start of the run of characters written as they are
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (!IsXmlChar(static_cast<std::uint32_t>(text[at]))) return false;
         for (const Escape& escape : kEscapes) {
-            if (escape.character == unit) reference = escape.reference;
-        }
-        if (reference.empty()) {
-            AppendCodePoint(code, out);
-        } else {
-            out.append(reference);
+            if (escape.character != text[at]) continue;
+            if (!AppendUtf8(text.substr(plain, at - plain), &out)) return false;
+            out.append(escape.reference);
+            plain = at + 1;
         }
     }
-    return true;
+    return AppendUtf8(text.substr(plain), &out);
 }
 
 }  // namespace kit::streams

@@ -1,19 +1,20 @@
 #include "hostkit/streams/xml_document.h"
 
 #include "hostkit/streams/stream_results.h"
-#include "hostkit/streams/xml_scanner.h"
+#include "hostkit/streams/xml_reader.h"
 
 namespace kit::streams {
 
 namespace {
 
 HRESULT CheckDocument(std::string_view bytes) {
-    switch (ScanXml(bytes, XmlMode::kDocument, nullptr)) {
-        case XmlScan::kOk:
+    pugi::xml_document tree;
+    switch (ReadXml(bytes, XmlMode::kDocument, &tree)) {
+        case XmlCheck::kOk:
             return S_OK;
-        case XmlScan::kTruncated:
+        case XmlCheck::kTruncated:
             return kE_StreamTruncated;
-        case XmlScan::kCorrupt:
+        case XmlCheck::kCorrupt:
             return kE_StreamCorrupt;
     }
     return kE_StreamCorrupt;

@@ -10,9 +10,9 @@
 #include "hostkit/streams/data_stream_base.h"
 #include "hostkit/streams/stream_file.h"
 #include "hostkit/streams/stream_results.h"
-#include "hostkit/streams/text_codec.h"
 #include "hostkit/streams/xml_builder.h"
 #include "hostkit/streams/xml_document.h"
+#include "hostkit/utf8.h"
 
 namespace kit {
 
@@ -78,7 +78,7 @@ public:
         return NoThrow([&] {
             if (!text) return E_POINTER;
             if (wide_stale_) {
-                streams::DecodeUtf8Lenient(store_.bytes(), wide_);
+                wide_ = DecodeUtf8Lenient(store_.bytes());
                 wide_stale_ = false;
             }
             text->length = static_cast<std::int32_t>(wide_.size());
@@ -131,7 +131,7 @@ private:
     static HRESULT EncodeText(std::int32_t length, const wchar_t* text, std::string* bytes) {
         const HRESULT hr = CheckText(length, text);
         if (FAILED(hr)) return hr;
-        return streams::AppendUtf8(TextView(length, text), *bytes) ? S_OK : E_INVALIDARG;
+        return AppendUtf8(TextView(length, text), bytes) ? S_OK : E_INVALIDARG;
     }
     HRESULT Changed(HRESULT hr) {
         if (SUCCEEDED(hr)) wide_stale_ = true;

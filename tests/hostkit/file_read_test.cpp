@@ -40,11 +40,9 @@ TEST(ReadRegularFile, FailuresLeaveTheOutputAsItWas) {
         FileStep step;
     };
     const Case cases[] = {
-        {"absent", FileFailure::kMissing, FileStep::kOpen},
-        {"big/below", FileFailure::kMissing, FileStep::kOpen},
+        {"absent", FileFailure::kMissing, FileStep::kOpen},     {"big/below", FileFailure::kMissing, FileStep::kOpen},
         {"pipe", FileFailure::kNotRegular, FileStep::kInspect},  // returns at once, no writer needed
-        {"inner", FileFailure::kFolder, FileStep::kInspect},
-        {"loop", FileFailure::kLinkLoop, FileStep::kOpen},
+        {"inner", FileFailure::kFolder, FileStep::kInspect},    {"loop", FileFailure::kLinkLoop, FileStep::kOpen},
         {"big", FileFailure::kTooLarge, FileStep::kInspect},
     };
     for (const Case& c : cases) {

@@ -46,7 +46,6 @@ std::int32_t RefCount(IUnknown* object) {
     return object->Release();
 }
 
-
 std::wstring Wide(std::string_view ascii) { return std::wstring(ascii.begin(), ascii.end()); }
 
 std::string ReadAll(IDataStream* stream) {

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "hostkit/scratch_folder.h"
 #include "support/module_host.h"
 #include "support/stream_files.h"
-#include "hostkit/scratch_folder.h"
 
 namespace kitstreams_test {
 
@@ -41,7 +41,6 @@ SmartPtr<IVariant> TextVariant(std::wstring_view value);
 
 // The current reference count of an object, by AddRef and Release.
 std::int32_t RefCount(IUnknown* object);
-
 
 std::wstring Wide(std::string_view ascii);
 

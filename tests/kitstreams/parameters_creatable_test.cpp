@@ -342,6 +342,52 @@ TEST(ParametersCreatable, HostTextLoadsWhereverTheParametersStand) {
     EXPECT_EQ(Describe(loaded.get()), L"Month=integer:7;Second=text:  12.25;");
 }
 
+TEST(ParametersCreatable, ReferencesAndCDataDecodeInNamesAndValues) {
+    SmartPtr<IDataStream> stream = NewXmlStream();
+    SmartPtr<IString> text;
+    stream->QueryInterface(HostIID("IString"), text.put_void());
+    const std::wstring host_text =
+        L"<Parameters><Parameter><Name>a&amp;b&#x42;</Name><Type>text</Type>"
+        L"<Value>&#233;&#x1F600;&#13;<![CDATA[<c>]]><!-- n -->&lt;<Deeper>ignored</Deeper>z</Value></Parameter>"
+        L"</Parameters>";
+    text->SetString(static_cast<std::int32_t>(host_text.size()), host_text.data());
+    SmartPtr<IParametersCreatable> loaded = NewParameters();
+    ASSERT_EQ(Persist(loaded.get())->Load(stream.get(), 0), S_OK);
+    EXPECT_EQ(Describe(loaded.get()), L"a&bB=text:\u00E9\U0001F600\r<c><z;");
+}
+
+// Stream texts hold any sequence of elements and text; only the kit's
+// well-formedness rules decide.
+struct FragmentCase {
+    const wchar_t* text;
+    HRESULT expected;
+};
+
+const FragmentCase kFragmentCases[] = {
+    {L"text only", kNameNotFound},
+    {L"<a/><b/>text<c>x</c>", kNameNotFound},
+    {L"<?xml version='1.0'?><a/><b/>", kNameNotFound},
+    {L"x]]y", kNameNotFound},
+    {L"<a>", kTruncated},
+    {L"</a>", kCorrupt},
+    {L"a & b", kCorrupt},
+    {L"a ]]> b", kCorrupt},
+    {L"<a>&bogus;</a><Parameters/>", kCorrupt},
+    {L"<Parameters/>", S_OK},
+};
+
+TEST(ParametersCreatable, StreamTextsAreCheckedAsFragments) {
+    for (const FragmentCase& c : kFragmentCases) {
+        SmartPtr<IDataStream> stream = NewXmlStream();
+        SmartPtr<IString> text;
+        stream->QueryInterface(HostIID("IString"), text.put_void());
+        text->SetString(static_cast<std::int32_t>(std::wcslen(c.text)), c.text);
+        SmartPtr<IParametersCreatable> loaded = NewParameters();
+        EXPECT_EQ(Persist(loaded.get())->Load(stream.get(), 0), c.expected)
+            << std::string(c.text, c.text + std::wcslen(c.text));
+    }
+}
+
 struct BadParametersText {
     const char* what;
     const wchar_t* text;

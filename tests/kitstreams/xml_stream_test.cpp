@@ -307,6 +307,83 @@ TEST(XmlStream, CorruptedFilesFailAndLeaveTheStreamEmpty) {
     }
 }
 
+// Well-formedness of stream files, one document per row: S_OK, kTruncated or kCorrupt.
+struct WellFormedCase {
+    std::string_view file;
+    HRESULT expected;
+};
+
+const WellFormedCase kWellFormedCases[] = {
+    {"<a/>", S_OK},
+    {"<a></a>", S_OK},
+    {"<a>text &amp; &lt;&gt;&quot;&apos; &#65;&#x42;</a>", S_OK},
+    {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a/>\n", S_OK},
+    {"\xEF\xBB\xBF<a/>", S_OK},
+    {"<!-- c --><?pi data?><a b='1' c=\"2\"><![CDATA[<&>]]></a><!-- after -->", S_OK},
+    {"<a >x</a >", S_OK},
+    {"<r:a xmlns:r='u' r:k='v'/>", S_OK},
+    {"<\xC3\xA9t\xC3\xA9>\xF0\x9F\x98\x80</\xC3\xA9t\xC3\xA9>", S_OK},
+    {"", kTruncated},
+    {"   ", kTruncated},
+    {"<?xml version='1.0'?>", kTruncated},
+    {"<a>", kTruncated},
+    {"<a", kTruncated},
+    {"<a b='1", kTruncated},
+    {"<a>&am", kTruncated},
+    {"<a>&#6", kTruncated},
+    {"<a></a", kTruncated},
+    {"<a><!-- x", kTruncated},
+    {"<a><![CDATA[x]]", kTruncated},
+    {"<a>\xC3", kTruncated},
+    {"\xEF\xBB", kTruncated},
+    {"<a/><b/>", kCorrupt},
+    {"x<a/>", kCorrupt},
+    {"<a/>&amp;", kCorrupt},
+    {"<![CDATA[x]]><a/>", kCorrupt},
+    {"<a></b>", kCorrupt},
+    {"<a>&unknown;</a>", kCorrupt},
+    {"<a>&#0;</a>", kCorrupt},
+    {"<a>&#xD800;</a>", kCorrupt},
+    {"<a>&#x110000;</a>", kCorrupt},
+    {"<a>&#99999999999999999999;</a>", kCorrupt},
+    {"<a>&#;</a>", kCorrupt},
+    {"<a>&#X41;</a>", kCorrupt},
+    {"<a>& b</a>", kCorrupt},
+    {"<a b='1'c='2'/>", kCorrupt},
+    {"<a b='1' b='2'/>", kCorrupt},
+    {"<a b/>", kCorrupt},
+    {"<a b='<'/>", kCorrupt},
+    {"<a b='&'/>", kCorrupt},
+    {"<a b='&unknown;'/>", kCorrupt},
+    {"<a>]]></a>", kCorrupt},
+    {"<a><!-- -- --></a>", kCorrupt},
+    {"<a><!-- x- --></a>", S_OK},
+    {"<a><!-- x---></a>", kCorrupt},
+    {"<a><?xml version='1.0'?></a>", kCorrupt},
+    {"<a><?XML x?></a>", kCorrupt},
+    {"<?xml encoding='UTF-8'?><a/>", kCorrupt},
+    {"<!-- c --><?xml version='1.0'?><a/>", kCorrupt},
+    {" <?xml version='1.0'?><a/>", kCorrupt},
+    {"<!DOCTYPE a><a/>", kCorrupt},
+    {"<a>\x01</a>", kCorrupt},
+    {"<a>\xFF</a>", kCorrupt},
+    {"<a>\xED\xA0\x80</a>", kCorrupt},
+    {"<a>\xEF\xBF\xBE</a>", kCorrupt},
+    {"<.a/>", kCorrupt},
+    {"<a\xC3\x97/>", kCorrupt},  // U+00D7 is no name character
+    {"<a b\xC3\x97='1'/>", kCorrupt},
+    {"<a/ >", kCorrupt},
+};
+
+TEST(XmlStream, FilesLoadOnlyWhenWellFormed) {
+    ScratchFolder folder;
+    for (const WellFormedCase& c : kWellFormedCases) {
+        WriteBytes(folder.File("case.xml"), c.file);
+        SmartPtr<IXMLStream> xml = NewXml();
+        EXPECT_EQ(LoadStream(AsData(xml.get()).get(), folder.File("case.xml")), c.expected) << c.file;
+    }
+}
+
 TEST(XmlStream, DocumentsFromElsewhereLoadAsTheirWholeText) {
     ScratchFolder folder;
     const std::string_view document =
