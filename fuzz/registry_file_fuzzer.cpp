@@ -1,11 +1,14 @@
-// The host kit's registry file reader and editor on fuzzed files, sections,
-// keys and values. Checked: a lookup and an edit agree on whether the file is
-// malformed, and an edit of a writable name reads back as exactly the value
+// The host kit's registry file reader, editor and diagnosis on fuzzed files,
+// sections, keys and values. Checked: a lookup, an edit and the diagnosis
+// agree on whether the file is malformed (the diagnosis then names a line),
+// and an edit of a writable name reads back as exactly the value
 // written (or as absent after a removal) while every other lookup is kept.
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "fuzz/fuzz_input.h"
+#include "hostkit/registry_diagnosis.h"
 #include "hostkit/registry_format.h"
 #include "hostkit/utf8.h"
 
@@ -29,9 +32,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const RegistryStatus status = kit::FindRegistryValue(file.view(), section, key, &found);
     std::string edited;
     const RegistryEdit edit = kit::EditRegistry(file.view(), section, key, removal ? nullptr : &value, &edited);
+    const std::optional<kit::RegistryProblem> problem = kit::DiagnoseRegistryText("fuzz.ini", file.view());
     if (status == RegistryStatus::kMalformed) {
         fuzz::Require(edit == RegistryEdit::kMalformed, "an edit refuses a file the lookup calls malformed");
+        fuzz::Require(problem.has_value(), "the diagnosis finds a problem in a malformed file");
+        fuzz::Require(problem->line > 0 || file.view().size() > kit::kMaxRegistryBytes, "the diagnosis names a line");
         return 0;
+    }
+    if (problem.has_value()) {
+        fuzz::Require(problem->line > 0 && !problem->what.empty(), "a problem in a readable file has a line and a text");
     }
     // The kit hands the editor names and values converted from wide text, so
     // always UTF-8; other bytes make a file its own reader refuses.
