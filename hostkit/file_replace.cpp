@@ -130,7 +130,8 @@ FileOutcome ResolveLinks(const std::string& path, std::string* target, const Fil
         if (length < 0) return Failed(FileStep::kResolve, errno);
         if (static_cast<std::size_t>(length) >= link.size()) return Failed(FileStep::kResolve, ENAMETOOLONG);
         link.resize(static_cast<std::size_t>(length));
-        current = link.starts_with('/') ? link : FolderOf(current) + "/" + link;
+        if (!link.starts_with('/')) link.insert(0, FolderOf(current) + "/");
+        current = std::move(link);
     }
     *target = std::move(current);
     return {};

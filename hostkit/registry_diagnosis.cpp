@@ -121,7 +121,7 @@ std::optional<RegistryProblem> DiagnoseRegistryText(const std::string& path, std
                 }
                 if (section != kCalendarSection) break;
                 for (std::size_t key = 0; key < std::size(kEpochKeys); ++key) {
-                    if (line.name == kEpochKeys[key]) epochs[key] = {number, std::move(value)};
+                    if (line.name == kEpochKeys[key]) epochs[key] = {number, value};
                 }
                 break;
             }

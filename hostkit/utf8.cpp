@@ -3,6 +3,7 @@
 #include <iconv.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <new>
 
 namespace kit {
@@ -21,7 +22,7 @@ public:
     Converter(const char* to, const char* from) : handle_(::iconv_open(to, from)) {
         // Both encodings are built into the C library; failing to open one is
         // as exceptional as running out of memory.
-        if (handle_ == reinterpret_cast<iconv_t>(-1)) throw std::bad_alloc();
+        if (reinterpret_cast<std::intptr_t>(handle_) == -1) throw std::bad_alloc();
     }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
