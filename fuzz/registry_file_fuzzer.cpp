@@ -40,7 +40,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     if (problem.has_value()) {
-        fuzz::Require(problem->line > 0 && !problem->what.empty(), "a problem in a readable file has a line and a text");
+        fuzz::Require(problem->line > 0 && !problem->what.empty(),
+                      "a problem in a readable file has a line and a text");
     }
     // The kit hands the editor names and values converted from wide text, so
     // always UTF-8; other bytes make a file its own reader refuses.

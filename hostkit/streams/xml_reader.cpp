@@ -15,9 +15,8 @@ namespace {
 // Structure only: references stay undecoded (the kit checks and decodes
 // them), line ends and attribute values stay as written, and every node kind
 // is kept so that the kit can check it.
-constexpr unsigned kParseOptions = pugi::parse_cdata | pugi::parse_comments | pugi::parse_pi |
-                                   pugi::parse_declaration | pugi::parse_doctype | pugi::parse_ws_pcdata |
-                                   pugi::parse_fragment;
+constexpr unsigned kParseOptions = pugi::parse_cdata | pugi::parse_comments | pugi::parse_pi | pugi::parse_declaration |
+                                   pugi::parse_doctype | pugi::parse_ws_pcdata | pugi::parse_fragment;
 
 struct PredefinedEntity {
     std::string_view name;
@@ -194,7 +193,7 @@ private:
             case pugi::node_comment: {
                 const std::string_view comment = node.value();
                 return comment.find("--") == std::string_view::npos && !comment.ends_with('-') ? XmlCheck::kOk
-                                                                                                : XmlCheck::kCorrupt;
+                                                                                               : XmlCheck::kCorrupt;
             }
             case pugi::node_pi:
                 return IsName(node.name()) && !IsCaseInsensitiveXml(node.name()) ? XmlCheck::kOk : XmlCheck::kCorrupt;
@@ -227,14 +226,14 @@ private:
         const bool first = declaration == tree.first_child() && text.starts_with("<?xml");
         const bool version_first = std::string_view(declaration.first_attribute().name()) == "version";
         return first && version_first && std::string_view(declaration.name()) == "xml" ? XmlCheck::kOk
-                                                                                         : XmlCheck::kCorrupt;
+                                                                                       : XmlCheck::kCorrupt;
     }
 
     std::string_view text_;
     XmlMode mode_;
-    bool complete_;                         // the parser reached the end without an error
-    std::string decoded_;                   // scratch for decoded character data
-    std::vector<std::string_view> names_;   // attribute names of the element being checked
+    bool complete_;                        // the parser reached the end without an error
+    std::string decoded_;                  // scratch for decoded character data
+    std::vector<std::string_view> names_;  // attribute names of the element being checked
 };
 
 }  // namespace
@@ -252,7 +251,8 @@ XmlCheck ReadXml(std::string_view text, XmlMode mode, pugi::xml_document* tree) 
     if (!std::all_of(wide.begin(), wide.end(), [](wchar_t c) { return IsXmlChar(static_cast<std::uint32_t>(c)); })) {
         return XmlCheck::kCorrupt;
     }
-    const pugi::xml_parse_result parsed = tree->load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
+    const pugi::xml_parse_result parsed =
+        tree->load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
     const bool complete = static_cast<bool>(parsed) && encoding == Utf8Status::kValid;
     if (!parsed && !StoppedAtEnd(text, parsed)) return XmlCheck::kCorrupt;
     const XmlCheck checked = TreeChecker(text, mode, complete).Check(*tree);

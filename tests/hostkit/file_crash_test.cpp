@@ -25,7 +25,8 @@ std::string Content(const std::string& path) {
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
-// Saves the two versions one after the other until it is killed.
+// Saves the two versions one after the other, starting with `first`, until it
+// is killed.
 [[noreturn]] void SaveForEver(const std::string& path, const std::string& first, const std::string& second) {
     for (;;) {
         if (!ReplaceFile(path, first).ok()) ::_exit(3);
@@ -40,22 +41,23 @@ TEST(ReplaceFileCrash, KilledSaverLeavesOneCompleteVersion) {
     // Two versions of different lengths and content: any mix or cut shows.
     const std::string version_a = std::string(40000, 'a') + "end of A";
     const std::string version_b = std::string(60000, 'b') + "end of B";
-    // Kills fall anywhere within about one pair of saves; how long a save
-    // takes (mostly flushing to disk) depends on the machine.
+    // Kills fall anywhere within about two saves; how long a save takes
+    // (mostly flushing to disk) depends on the machine and its load.
     const auto started = std::chrono::steady_clock::now();
-    ASSERT_TRUE(ReplaceFile(path, version_b).ok());
     ASSERT_TRUE(ReplaceFile(path, version_a).ok());
-    const auto pair = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - started);
-    const long longest = std::clamp<long>(pair.count(), 2000, 12000);
+    const auto save = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - started);
+    const long longest = std::clamp<long>(2 * save.count(), 1000, 40000);
 
     std::mt19937 random(20240515);  // fixed, so the sequence of delays repeats
     std::uniform_int_distribution<long> delay_us(0, longest);
-    int seen_a = 0;
-    int seen_b = 0;
+    int changed = 0;  // kills after which the other version had been saved
+    std::string before = version_a;
     for (int kill = 0; kill < kKills; ++kill) {
+        const bool holds_a = before == version_a;
         const pid_t child = ::fork();
         ASSERT_GE(child, 0);
-        if (child == 0) SaveForEver(path, version_a, version_b);
+        // The child saves the version the file does not hold first, so a change proves a finished save.
+        if (child == 0) SaveForEver(path, holds_a ? version_b : version_a, holds_a ? version_a : version_b);
         std::this_thread::sleep_for(std::chrono::microseconds(delay_us(random)));
         ASSERT_EQ(::kill(child, SIGKILL), 0);
         int status = 0;
@@ -63,19 +65,19 @@ TEST(ReplaceFileCrash, KilledSaverLeavesOneCompleteVersion) {
         // A saver that failed on its own would exit 3 instead of being killed.
         ASSERT_TRUE(WIFSIGNALED(status)) << "kill " << kill << " status " << status;
         const std::string content = Content(path);
-        if (content == version_a) {
-            ++seen_a;
-        } else if (content == version_b) {
-            ++seen_b;
-        } else {
-            FAIL() << "kill " << kill << ": torn file of " << content.size() << " bytes";
-        }
+        ASSERT_TRUE(content == version_a || content == version_b)
+            << "kill " << kill << ": torn file of " << content.size() << " bytes";
+        if (content != before) ++changed;
+        before = content;
     }
-    // Both versions were written between kills, so the kills did land inside saves.
-    EXPECT_GT(seen_a, 0);
-    EXPECT_GT(seen_b, 0);
+    EXPECT_GT(changed, 0);
+    // Kills that landed inside a save left its temporary file behind; they
+    // do not block the next save, and the file is still the one it was.
+    const std::string listing = folder.Listing();
+    EXPECT_NE(listing, "state;") << "no kill landed inside a save";
     EXPECT_TRUE(ReplaceFile(path, "after the kills").ok());
     EXPECT_EQ(Content(path), "after the kills");
+    EXPECT_EQ(folder.Listing(), listing);
 }
 
 }  // namespace
