@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <random>
@@ -31,11 +32,17 @@ FileOutcome MakeFolders(const std::string& folder, const FileSystem& system) {
 // A name for the temporary file that no earlier save used: the process, a
 // counter and a random part, so that neither a concurrent saver nor a file
 // left by a crashed process with the same process number is ever reused.
+// The target's own name is cut so that the whole stays within the file
+// system's 255 bytes per name.
 std::string TemporaryName(const std::string& target) {
     static std::atomic<unsigned> counter{0};
     thread_local std::mt19937 random{std::random_device{}()};
     static constexpr char kDigits[] = "0123456789abcdef";
-    std::string name = target + ".tmp" + std::to_string(::getpid()) + "." + std::to_string(counter.fetch_add(1)) + ".";
+    constexpr std::size_t kLongestBase = 200;
+    const std::size_t slash = target.find_last_of('/');
+    const std::size_t base = slash == std::string::npos ? 0 : slash + 1;
+    std::string name = target.substr(0, base + std::min(target.size() - base, kLongestBase));
+    name += ".tmp" + std::to_string(::getpid()) + "." + std::to_string(counter.fetch_add(1)) + ".";
     std::uint32_t bits = random();
     for (int digit = 0; digit < 8; ++digit, bits >>= 4) name.push_back(kDigits[bits & 15u]);
     return name;

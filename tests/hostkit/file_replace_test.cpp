@@ -277,6 +277,15 @@ TEST(ReplaceFile, StaleTemporaryFileDoesNotBlockASave) {
     EXPECT_EQ(Content(stale), "half");
 }
 
+TEST(ReplaceFile, LongestFileNameStillGetsATemporaryBesideIt) {
+    ScratchFolder folder;
+    const std::string name(255, 'n');
+    Put(folder.File(name), "old");
+    EXPECT_TRUE(ReplaceFile(folder.File(name), "new").ok());
+    EXPECT_EQ(Content(folder.File(name)), "new");
+    EXPECT_EQ(folder.Listing(), name + ";");
+}
+
 // One injected failure: the call, which of its calls, the error, and what the
 // outcome must say.
 struct Fault {
