@@ -17,11 +17,11 @@
 namespace cal {
 namespace detail {
 
-constexpr std::int16_t Complement(std::int16_t year) { return static_cast<std::int16_t>(~year); }
+constexpr std::int16_t Complement(std::int16_t year) noexcept { return static_cast<std::int16_t>(~year); }
 
 // |trunc(value)| as a 32-bit count; magnitudes beyond 32 bits are outside the
 // defined domain and saturate, and NaN reads as 0.
-constexpr int MagnitudeDays(double value) {
+constexpr int MagnitudeDays(double value) noexcept {
     constexpr double kMax = std::numeric_limits<std::int32_t>::max();
     if (value >= 0.0) return value < kMax ? static_cast<int>(value) : static_cast<int>(kMax);
     if (value < 0.0) return value > -kMax ? static_cast<int>(-value) : static_cast<int>(kMax);
@@ -29,14 +29,14 @@ constexpr int MagnitudeDays(double value) {
 }
 
 // a in [-1, 32767]: year 0's complement is -1.
-constexpr int GregorianDaysBeforeYear(int a) { return 365 * a + a / 4 - a / 100 + a / 400; }
+constexpr int GregorianDaysBeforeYear(int a) noexcept { return 365 * a + a / 4 - a / 100 + a / 400; }
 // The same for a in [0, 32766], unsigned: the quotients are the same and
 // cheaper to form.
-constexpr int GregorianDaysBeforeADYear(int a) {
+constexpr int GregorianDaysBeforeADYear(int a) noexcept {
     const auto u = static_cast<unsigned>(a);
     return static_cast<int>(365u * u + u / 4u - u / 100u + u / 400u);
 }
-constexpr int JulianDaysBeforeYear(int a) {  // a in [0, 32766], AD years only
+constexpr int JulianDaysBeforeYear(int a) noexcept {  // a in [0, 32766], AD years only
     const auto u = static_cast<unsigned>(a);
     return static_cast<int>(365u * u + u / 4u);
 }
@@ -46,7 +46,7 @@ constexpr int JulianDaysBeforeYear(int a) {  // a in [0, 32766], AD years only
 // Gregorian: for Year > 0, days of the years before plus the year-day; for
 // Year <= 0, the negated count of the complement year. Range: |result| <
 // 13'000'000 for months within 1..13.
-constexpr int GregorianElapsedDays(std::int16_t day, std::int16_t month, std::int16_t year) {
+constexpr int GregorianElapsedDays(std::int16_t day, std::int16_t month, std::int16_t year) noexcept {
     if (year > 0) return detail::GregorianDaysBeforeADYear(year - 1) + YearDay(day, month, GregorianLeap(year));
     const std::int16_t a = detail::Complement(year);  // [0, 32767]
     const bool leap = GregorianLeap(a);
@@ -58,7 +58,7 @@ constexpr int GregorianElapsedDays(std::int16_t day, std::int16_t month, std::in
 // 100-, 4- and 1-year blocks; a count that ends a 100-year block lands on
 // day 366 of a 365-day year (month 13). Positive counts are AD, counts <= 0
 // go through the complement year.
-inline void GregorianDateFromCount(double count, tagDATETIME* out) {
+inline void GregorianDateFromCount(double count, tagDATETIME* out) noexcept {
     const int n = detail::MagnitudeDays(count);
     int q400 = n / 146097;
     int r = n % 146097;
@@ -102,7 +102,7 @@ inline void GregorianDateFromCount(double count, tagDATETIME* out) {
 }
 
 // Julian: Year 0 is read as 1 BC.
-constexpr int JulianElapsedDays(std::int16_t day, std::int16_t month, std::int16_t year) {
+constexpr int JulianElapsedDays(std::int16_t day, std::int16_t month, std::int16_t year) noexcept {
     if (year > 0) return detail::JulianDaysBeforeYear(year - 1) + YearDay(day, month, JulianLeap(year));
     if (year == 0) return YearDay(day, month, true) - 367;
     const std::int16_t a = detail::Complement(year);  // [0, 32766]
@@ -113,7 +113,7 @@ constexpr int JulianElapsedDays(std::int16_t day, std::int16_t month, std::int16
 
 // Day, Month and Year from a Julian count: floor(count), then AD for
 // count >= 1, 1 BC for -365 <= count < 1, the complement year below.
-inline void JulianDateFromCount(double count, tagDATETIME* out) {
+inline void JulianDateFromCount(double count, tagDATETIME* out) noexcept {
     const double f = FloorWhole(count);
     if (count >= 1.0 || count < -365.0) {
         const int n = count >= 1.0 ? detail::MagnitudeDays(f) : detail::MagnitudeDays(f) - 366;

@@ -4,6 +4,7 @@
 #include "calendar/hebrew_months.h"
 #include "calendar/hebrew_year.h"
 #include "calendar/hebrew_year_table.h"
+#include "calendar/lazy_day_number.h"
 #include "calendar/whole_days.h"
 
 double SDHebrew = 0.0;
@@ -13,13 +14,14 @@ namespace {
 constexpr double kMeanYear = 6939.689621913581 / 19.0;
 constexpr int kMonthsPerCycle = 235;
 
-void FillHebrewEpoch() {
-    if (SDHebrew != 0.0) return;
-    tagDATETIME epoch;
-    epoch.Day = 7;
-    epoch.Month = 10;
-    epoch.Year = -3761;
-    SDHebrew = JulianToJDN(&epoch);
+double HebrewEpochDay() noexcept {
+    return cal::DayNumberFilledOnFirstUse(SDHebrew, [] {
+        tagDATETIME epoch;
+        epoch.Day = 7;
+        epoch.Month = 10;
+        epoch.Year = -3761;
+        return cal::JulianDayNumber(epoch);
+    });
 }
 
 // Months in the years i = 1 .. r (r in [0, 18]) and i = r .. -1 (r in
@@ -30,7 +32,7 @@ struct CoarseMonthTables {
     int behind[2][19] = {};
 };
 
-constexpr CoarseMonthTables MakeCoarseMonthTables() {
+constexpr CoarseMonthTables MakeCoarseMonthTables() noexcept {
     CoarseMonthTables t;
     for (int flag = 0; flag < 2; ++flag) {
         for (int r = 1; r < 19; ++r) t.ahead[flag][r] = t.ahead[flag][r - 1] + (cal::HebrewLeapYear(r, flag) ? 13 : 12);
@@ -43,7 +45,7 @@ constexpr CoarseMonthTables kCoarseMonths = MakeCoarseMonthTables();
 
 // Floor of a day count, NaN read as 0. Counts beyond 2^40 days (far outside
 // 16-bit years) are clamped so the molad arithmetic stays within 64 bits.
-std::int64_t WholeDayCount(double days) {
+std::int64_t WholeDayCount(double days) noexcept {
     constexpr std::int64_t kLargestDayCount = std::int64_t{1} << 40;
     constexpr auto kLimit = static_cast<double>(kLargestDayCount);
     if (days >= kLimit) return kLargestDayCount;
@@ -53,9 +55,9 @@ std::int64_t WholeDayCount(double days) {
 }
 
 // The rules only tell flag 0 from any other flag.
-int FlagIndex(std::int16_t flag) { return flag != 0 ? 1 : 0; }
+int FlagIndex(std::int16_t flag) noexcept { return flag != 0 ? 1 : 0; }
 
-std::int64_t YearStartDay(std::int64_t year, int flag) {
+std::int64_t YearStartDay(std::int64_t year, int flag) noexcept {
     if (cal::InHebrewYearTable(year)) return cal::HebrewYearTableEntry(year, flag).start;
     return cal::StartOfHebrewYear(year, flag).Day();
 }
@@ -63,24 +65,24 @@ std::int64_t YearStartDay(std::int64_t year, int flag) {
 // Years outside the table, from the rules on each call; kept out of line so
 // that the table path stays a few instructions. Only Heshvan and Kislev
 // depend on the year length.
-[[gnu::noinline]] int ComputedMonthShape(std::int16_t year, int flag, bool needsYearLength) {
+[[gnu::noinline]] int ComputedMonthShape(std::int16_t year, int flag, bool needsYearLength) noexcept {
     return cal::HebrewMonthShape(needsYearLength ? cal::HebrewYearLength(year, flag) : 0,
                                  cal::HebrewLeapYear(year, flag));
 }
 
-[[gnu::noinline]] short ComputedDaysInYear(short year, int flag, short* postponement) {
+[[gnu::noinline]] short ComputedDaysInYear(short year, int flag, short* postponement) noexcept {
     if (flag != 0) return static_cast<short>(cal::MonthCountYearLength(year));
     if (postponement) *postponement = static_cast<short>(cal::StartOfHebrewYear(year, flag).postponement);
     return static_cast<short>(cal::ElapsedDaysYearLength(year));
 }
 
-int MonthShape(std::int16_t year, int flag, bool needsYearLength) {
+int MonthShape(std::int16_t year, int flag, bool needsYearLength) noexcept {
     if (cal::InHebrewYearTable(year)) return cal::HebrewYearTableEntry(year, flag).monthShape;
     return ComputedMonthShape(year, flag, needsYearLength);
 }
 
 // Day, Month and Year from a count of days in which day 1 is the epoch day.
-void SetDateFromDayCount(double days, int flag, tagDATETIME& date) {
+void SetDateFromDayCount(double days, int flag, tagDATETIME& date) noexcept {
     const std::int64_t target = WholeDayCount(days);
     // The year sought is the latest whose start is not after the count. The
     // mean-year estimate is never below it (a start never precedes its molad
@@ -112,13 +114,13 @@ void SetDateFromDayCount(double days, int flag, tagDATETIME& date) {
 
 }  // namespace
 
-int CHebrew::DaysInMonth(int month, short) {
+int CHebrew::DaysInMonth(int month, short) noexcept {
     if (month < 1 || month > 13) return 0;
     const int shape = MonthShape(Year, FlagIndex(flag), month == 8 || month == 9);
     return cal::kHebrewMonthShapes.length[shape][month];
 }
 
-short CHebrew::DaysInYear(short year, short* postponement) {
+short CHebrew::DaysInYear(short year, short* postponement) noexcept {
     const int f = FlagIndex(flag);
     if (cal::InHebrewYearTable(year)) {
         const cal::HebrewYearEntry& entry = cal::HebrewYearTableEntry(year, f);
@@ -128,9 +130,9 @@ short CHebrew::DaysInYear(short year, short* postponement) {
     return ComputedDaysInYear(year, f, postponement);
 }
 
-void CHebrew::SetEllapsedDays(double days, int) { SetDateFromDayCount(days, FlagIndex(flag), *this); }
+void CHebrew::SetEllapsedDays(double days, int) noexcept { SetDateFromDayCount(days, FlagIndex(flag), *this); }
 
-int CoarseHebrewMonths(std::int16_t year, short flag) {
+int CoarseHebrewMonths(std::int16_t year, short flag) noexcept {
     const int f = FlagIndex(flag);
     const int y = year;
     int months = (y / 19) * kMonthsPerCycle;
@@ -142,13 +144,14 @@ int CoarseHebrewMonths(std::int16_t year, short flag) {
     return months;
 }
 
-double HebrewToJDN(const tagDATETIME* date, short flag) {
-    FillHebrewEpoch();
-    return CoarseHebrewMonths(date->Year, flag) * kMeanHebrewMonth + date->Day + (SDHebrew - 1.0);
+namespace cal {
+
+double HebrewDayNumber(const tagDATETIME& date, short flag) noexcept {
+    return CoarseHebrewMonths(date.Year, flag) * kMeanHebrewMonth + date.Day + (HebrewEpochDay() - 1.0);
 }
 
-HRESULT JDNtoHebrew(double jdn, tagDATETIME* date, short flag) {
-    FillHebrewEpoch();
-    SetDateFromDayCount(jdn - (SDHebrew - 1.0), FlagIndex(flag), *date);
-    return S_OK;
+void HebrewDateOfDayNumber(double dayNumber, tagDATETIME& date, short flag) noexcept {
+    SetDateFromDayCount(dayNumber - (HebrewEpochDay() - 1.0), FlagIndex(flag), date);
 }
+
+}  // namespace cal

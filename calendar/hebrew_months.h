@@ -14,7 +14,7 @@ inline constexpr std::int16_t kHebrewMonthsFromTishri[13] = {7, 8, 9, 10, 11, 12
 // [0, 7]: bit 0 = Heshvan has 30 days, bit 1 = Kislev has 29, bit 2 = the
 // leap test holds. Heshvan also accepts a 386-day year, a length that never
 // occurs; the test is kept as it stands.
-constexpr int HebrewMonthShape(int yearLength, bool leap) {
+constexpr int HebrewMonthShape(int yearLength, bool leap) noexcept {
     const int longHeshvan = (yearLength == 355 || yearLength == 385 || yearLength == 386) ? 1 : 0;
     const int shortKislev = (yearLength == 353 || yearLength == 383) ? 2 : 0;
     return longHeshvan | shortKislev | (leap ? 4 : 0);
@@ -28,7 +28,7 @@ struct HebrewMonthShapes {
     std::int16_t end[8][13] = {};
 };
 
-constexpr HebrewMonthShapes MakeHebrewMonthShapes() {
+constexpr HebrewMonthShapes MakeHebrewMonthShapes() noexcept {
     constexpr std::int16_t kFixed[14] = {0, 30, 29, 30, 29, 30, 29, 30, 0, 0, 29, 30, 0, 0};
     HebrewMonthShapes shapes;
     for (int shape = 0; shape < 8; ++shape) {
@@ -50,7 +50,7 @@ inline constexpr HebrewMonthShapes kHebrewMonthShapes = MakeHebrewMonthShapes();
 
 // Months from Tishri that `dayOfYear` (>= 1) passes entirely, in [0, 12]: the
 // last month takes whatever remains, however large.
-constexpr int HebrewMonthIndex(int shape, std::int64_t dayOfYear) {
+constexpr int HebrewMonthIndex(int shape, std::int64_t dayOfYear) noexcept {
     const auto& end = kHebrewMonthShapes.end[shape];
     int passed = 0;
     for (int i = 1; i <= 12; ++i) passed += dayOfYear > end[i] ? 1 : 0;
@@ -64,7 +64,7 @@ struct HebrewMonthsPassedTable {
     std::uint8_t passed[8][kHebrewDaysTabulated + 1] = {};  // [shape][min(dayOfYear, kHebrewDaysTabulated)]
 };
 
-constexpr HebrewMonthsPassedTable MakeHebrewMonthsPassedTable() {
+constexpr HebrewMonthsPassedTable MakeHebrewMonthsPassedTable() noexcept {
     HebrewMonthsPassedTable table;
     for (int shape = 0; shape < 8; ++shape)
         for (int day = 1; day <= kHebrewDaysTabulated; ++day)
@@ -74,14 +74,14 @@ constexpr HebrewMonthsPassedTable MakeHebrewMonthsPassedTable() {
 
 inline constexpr HebrewMonthsPassedTable kHebrewMonthsPassed = MakeHebrewMonthsPassedTable();
 
-constexpr bool FirstTwelveMonthsFitTable() {
+constexpr bool FirstTwelveMonthsFitTable() noexcept {
     for (const auto& end : kHebrewMonthShapes.end)
         if (end[12] >= kHebrewDaysTabulated) return false;
     return true;
 }
 static_assert(FirstTwelveMonthsFitTable(), "the last row must stand for every later day");
 
-constexpr int HebrewMonthsPassed(int shape, std::int64_t dayOfYear) {
+constexpr int HebrewMonthsPassed(int shape, std::int64_t dayOfYear) noexcept {
     return kHebrewMonthsPassed.passed[shape][dayOfYear < kHebrewDaysTabulated ? dayOfYear : kHebrewDaysTabulated];
 }
 

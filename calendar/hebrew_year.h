@@ -14,7 +14,7 @@ namespace cal {
 // 13 months when the test year (year under flag 0, year - 1 otherwise, as a
 // 16-bit value) leaves a truncated remainder of 0, 3, 6, 8, 11, 14 or 17
 // modulo 19; a negative remainder never does.
-constexpr bool HebrewLeapYear(std::int64_t year, int flag) {
+constexpr bool HebrewLeapYear(std::int64_t year, int flag) noexcept {
     const auto test = static_cast<std::int16_t>(flag == 0 ? year : year - 1);
     switch (test % 19) {
         case 0:
@@ -35,7 +35,7 @@ struct HebrewYearStart {
     int moladHour = 0;          // [0, 23]
     int moladPart = 0;          // [0, 1079]
     int postponement = 0;       // [0, 3]; the four rules are summed as they stand
-    constexpr std::int64_t Day() const { return moladDay + postponement; }
+    constexpr std::int64_t Day() const noexcept { return moladDay + postponement; }
 };
 
 namespace hebrew_year_detail {
@@ -46,18 +46,20 @@ constexpr int kYearsPerCycle = 19;
 
 // Quotient rounded toward minus infinity (positive divisor): a negative
 // remainder borrows one unit from the next larger unit.
-constexpr std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
+constexpr std::int64_t FloorDiv(std::int64_t a, std::int64_t b) noexcept {
     const std::int64_t q = a / b;
     return (a % b < 0) ? q - 1 : q;
 }
-constexpr std::int64_t FloorMod(std::int64_t a, std::int64_t b) { return a - FloorDiv(a, b) * b; }
+constexpr std::int64_t FloorMod(std::int64_t a, std::int64_t b) noexcept { return a - FloorDiv(a, b) * b; }
 
 // Months before year k: truncating division, as the year-start rule has it.
-constexpr std::int64_t MonthsBeforeYear(std::int64_t k) { return ((k - 1) * kMonthsPerCycle + 1) / kYearsPerCycle; }
+constexpr std::int64_t MonthsBeforeYear(std::int64_t k) noexcept {
+    return ((k - 1) * kMonthsPerCycle + 1) / kYearsPerCycle;
+}
 
 // Days from the epoch to the new moon of year k, moved to the next day when
 // three times the following day is 0, 1 or 2 modulo 7 (truncated remainder).
-constexpr std::int64_t DelayedElapsedDays(std::int64_t k) {
+constexpr std::int64_t DelayedElapsedDays(std::int64_t k) noexcept {
     const std::int64_t m = (kMonthsPerCycle * k - 234) / kYearsPerCycle;
     const std::int64_t e = 29 * m + (13753 * m + 12084) / 25920;
     return (3 * (e + 1)) % 7 < 3 ? e + 1 : e;
@@ -66,7 +68,7 @@ constexpr std::int64_t DelayedElapsedDays(std::int64_t k) {
 }  // namespace hebrew_year_detail
 
 // The molad of Tishri of `year` and the postponement of the year's start.
-constexpr HebrewYearStart StartOfHebrewYear(std::int64_t year, int flag) {
+constexpr HebrewYearStart StartOfHebrewYear(std::int64_t year, int flag) noexcept {
     using namespace hebrew_year_detail;
     const std::int64_t m = MonthsBeforeYear(year);
     const std::int64_t parts = m * 793 + 204;
@@ -91,7 +93,7 @@ constexpr HebrewYearStart StartOfHebrewYear(std::int64_t year, int flag) {
 }
 
 // 354 or 384 from the month count between two moladot (the flag 1 rule).
-constexpr int MonthCountYearLength(std::int64_t year) {
+constexpr int MonthCountYearLength(std::int64_t year) noexcept {
     using namespace hebrew_year_detail;
     const std::int64_t months = ((year - 1) * kMonthsPerCycle + 236) / kYearsPerCycle - MonthsBeforeYear(year);
     return months < 13 ? 354 : 384;
@@ -99,7 +101,7 @@ constexpr int MonthCountYearLength(std::int64_t year) {
 
 // 353..355 or 383..385 from the elapsed-days formula with its two corrections
 // (the flag 0 rule).
-constexpr int ElapsedDaysYearLength(std::int64_t year) {
+constexpr int ElapsedDaysYearLength(std::int64_t year) noexcept {
     using hebrew_year_detail::DelayedElapsedDays;
     const std::int64_t before = DelayedElapsedDays(year - 1);
     const std::int64_t first = DelayedElapsedDays(year);
@@ -116,7 +118,7 @@ constexpr int ElapsedDaysYearLength(std::int64_t year) {
 
 // The year length CHebrew::DaysInYear reports: the elapsed-days rule under
 // flag 0, the month-count rule under any other flag.
-constexpr int HebrewYearLength(std::int64_t year, int flag) {
+constexpr int HebrewYearLength(std::int64_t year, int flag) noexcept {
     return flag == 0 ? ElapsedDaysYearLength(year) : MonthCountYearLength(year);
 }
 

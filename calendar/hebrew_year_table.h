@@ -27,12 +27,12 @@ struct HebrewYearTable {
 // Constant-initialised: no start-up cost and nothing to synchronise.
 extern const HebrewYearTable kHebrewYearTable;
 
-constexpr bool InHebrewYearTable(std::int64_t year) {
+constexpr bool InHebrewYearTable(std::int64_t year) noexcept {
     return year >= kHebrewTableFirstYear && year <= kHebrewTableLastYear;
 }
 
 // Only for years in the table.
-inline const HebrewYearEntry& HebrewYearTableEntry(std::int64_t year, int flag) {
+inline const HebrewYearEntry& HebrewYearTableEntry(std::int64_t year, int flag) noexcept {
     return kHebrewYearTable.entry[flag != 0 ? 1 : 0][year - kHebrewTableFirstYear];
 }
 

@@ -10,7 +10,7 @@ constexpr int kLastStorableMonth = std::numeric_limits<std::int16_t>::max();
 
 // The month walk one month at a time, for year-days so large that Month
 // wraps around 16 bits (and meets months 1..12 again).
-void WalkMonths(int n, bool leap, std::int16_t* day, std::int16_t* month) {
+void WalkMonths(int n, bool leap, std::int16_t* day, std::int16_t* month) noexcept {
     std::int16_t m = 1;
     std::int64_t sum = 0;
     while (MonthLength(m, leap) + sum < n) {
@@ -25,7 +25,7 @@ void WalkMonths(int n, bool leap, std::int16_t* day, std::int16_t* month) {
 
 namespace detail {
 
-void SetFarYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month) {
+void SetFarYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month) noexcept {
     if (n <= 0) {
         *month = 1;
         *day = static_cast<std::int16_t>(n);

@@ -10,11 +10,13 @@ namespace cal {
 
 // Divisible by 4 and (not by 100, or by 400); negative years by the same
 // truncating remainders, so 0 and -4 are leap years and -1 is not.
-constexpr bool GregorianLeap(std::int16_t year) { return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0); }
+constexpr bool GregorianLeap(std::int16_t year) noexcept {
+    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
 // Low two bits of the 16-bit year zero: -4 and 0 are leap years, -1 and -5 not.
-constexpr bool JulianLeap(std::int16_t year) { return (year & 3) == 0; }
+constexpr bool JulianLeap(std::int16_t year) noexcept { return (year & 3) == 0; }
 
-constexpr int YearLength(bool leap) { return leap ? 366 : 365; }
+constexpr int YearLength(bool leap) noexcept { return leap ? 366 : 365; }
 
 namespace detail {
 
@@ -24,7 +26,7 @@ inline constexpr std::array<int, 13> kMonthLength{30, 31, 28, 31, 30, 31, 30, 31
 // Days before month m in a common year, m in [1, 13]; index 0 unused.
 inline constexpr std::array<int, 14> kDaysBeforeMonth{0, 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334, 365};
 
-constexpr int DaysBefore(int month, bool leap) {  // month in [1, 13]
+constexpr int DaysBefore(int month, bool leap) noexcept {  // month in [1, 13]
     return kDaysBeforeMonth[static_cast<std::size_t>(month)] + (leap && month >= 3 ? 1 : 0);
 }
 
@@ -34,7 +36,7 @@ struct MonthOfYearDayTable {
     std::array<std::array<std::int8_t, 367>, 2> month{};
 };
 
-constexpr MonthOfYearDayTable MakeMonthOfYearDay() {
+constexpr MonthOfYearDayTable MakeMonthOfYearDay() noexcept {
     MonthOfYearDayTable t;
     for (int leap = 0; leap < 2; ++leap) {
         int m = 1;
@@ -49,19 +51,19 @@ constexpr MonthOfYearDayTable MakeMonthOfYearDay() {
 inline constexpr MonthOfYearDayTable kMonthOfYearDay = MakeMonthOfYearDay();
 
 // SetYearDay for year-days below 0 or above 366.
-void SetFarYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month);
+void SetFarYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month) noexcept;
 
 }  // namespace detail
 
 // Month 2 is February; month 0 and every month outside 1..12 has 30 days,
 // which is what carries a year-day past the year's end into month 13, 14 ...
-constexpr int MonthLength(int month, bool leap) {
+constexpr int MonthLength(int month, bool leap) noexcept {
     if (month < 0 || month > 12) return detail::kOutOfRangeMonth;
     return detail::kMonthLength[static_cast<std::size_t>(month)] + (leap && month == 2 ? 1 : 0);
 }
 
 // Sum of the lengths of months 1 .. month-1, plus day.
-constexpr int YearDay(int day, int month, bool leap) {
+constexpr int YearDay(int day, int month, bool leap) noexcept {
     if (month <= 1) return day;
     if (month <= 13) return detail::DaysBefore(month, leap) + day;
     return detail::DaysBefore(13, leap) + detail::kOutOfRangeMonth * (month - 13) + day;
@@ -69,7 +71,7 @@ constexpr int YearDay(int day, int month, bool leap) {
 
 // Inverse of YearDay: Month = 1 and Day = n for n <= 0; no upper bound on
 // Month. Day and Month are stored as 16-bit values.
-inline void SetYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month) {
+inline void SetYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month) noexcept {
     if (n < 0 || n > 366) {
         detail::SetFarYearDay(n, leap, day, month);
         return;
@@ -81,7 +83,7 @@ inline void SetYearDay(int n, bool leap, std::int16_t* day, std::int16_t* month)
 
 // Truncation toward zero of a day count; NaN reads as 0 and values beyond the
 // 64-bit range saturate (day counts that large are outside the defined domain).
-constexpr std::int64_t TruncateDays(double days) {
+constexpr std::int64_t TruncateDays(double days) noexcept {
     constexpr double kLimit = 9.0e18;
     if (days >= kLimit) return static_cast<std::int64_t>(kLimit);
     if (days <= -kLimit) return -static_cast<std::int64_t>(kLimit);

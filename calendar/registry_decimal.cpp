@@ -4,7 +4,7 @@
 
 namespace cal {
 
-double ReadRegistryDecimal(const wchar_t* text, int length) {
+double ReadRegistryDecimal(const wchar_t* text, int length) noexcept {
     constexpr std::int64_t kLargestDivisor = 999999999999999999;
     double sign = 1.0;
     int i = 0;

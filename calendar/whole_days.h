@@ -12,20 +12,20 @@ namespace cal {
 inline constexpr double kExactIntegerLimit = 4503599627370496.0;  // 2^52; larger doubles are whole
 
 // floor(x) as an integer, for x known to lie inside (-2^52, 2^52).
-constexpr std::int64_t FloorInRange(double x) {
+constexpr std::int64_t FloorInRange(double x) noexcept {
     const auto truncated = static_cast<std::int64_t>(x);
     return static_cast<double>(truncated) > x ? truncated - 1 : truncated;
 }
 
 // std::floor(x).
-inline double FloorWhole(double x) {
+inline double FloorWhole(double x) noexcept {
     if (!(std::fabs(x) < kExactIntegerLimit)) return std::floor(x);
     // floor(-0.5) is -1, floor(-0.0) is -0.0
     return std::copysign(static_cast<double>(FloorInRange(x)), x);
 }
 
 // The fractional part std::modf(x, ...) returns, with the sign of x.
-inline double FractionOf(double x) {
+inline double FractionOf(double x) noexcept {
     if (!(std::fabs(x) < kExactIntegerLimit)) {
         double whole = 0.0;
         return std::modf(x, &whole);

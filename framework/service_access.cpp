@@ -1,15 +1,10 @@
 // The framework's string, collection and variant services, each found once
 // per process and then asked for a new object on every call.
-#include <dlfcn.h>
-
+#include "base/framework_binding.h"
+#include "base/iids.h"
 #include "framework/ref_string.h"
-#include "module/entry.h"
-#include "module/iids.h"
 
 namespace {
-
-using ModuleCreateFunction = HRESULT (*)(std::int32_t length, const wchar_t* name, CREATEFUNCTION* out);
-using ModuleInitialize = HRESULT (*)(void* reserved, IComponentCollection* collection);
 
 constexpr tagREFString kServiceModule{13, L"CollectionsEx"};
 constexpr tagREFString kDescriptorClass{15, L"ComponentString"};
@@ -19,14 +14,7 @@ constexpr tagREFString kDescriptorLibrary{11, L"Collections"};
 // class, or null when the module cannot be loaded or does not serve it. The
 // module stays loaded for the life of the process.
 IComponentString* LoadDescriptor() {
-    void* library = OpenFrameworkModule(kServiceModule);
-    if (!library) return nullptr;
-    auto create = reinterpret_cast<ModuleCreateFunction>(dlsym(library, "CreateFunction"));
-    auto initialize = reinterpret_cast<ModuleInitialize>(dlsym(library, "InitializeModule"));
-    if (!create) return nullptr;
-    if (initialize && gGlobalComponentCollection) initialize(nullptr, gGlobalComponentCollection.get());
-    CREATEFUNCTION createDescriptor = nullptr;
-    create(kDescriptorClass.length, kDescriptorClass.string, &createDescriptor);
+    CREATEFUNCTION createDescriptor = LoadComponentCreator(kServiceModule, kDescriptorClass);
     if (!createDescriptor) return nullptr;
     void* descriptor = nullptr;
     createDescriptor(nullptr, &IID_IComponentString, &descriptor);

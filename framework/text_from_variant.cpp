@@ -2,9 +2,9 @@
 // integers, made through the framework's services.
 #include <cwchar>
 
+#include "base/iids.h"
 #include "framework/conversions.h"
 #include "framework/variant_format.h"
-#include "module/iids.h"
 #include "module_interfaces.h"
 
 namespace {

@@ -8,10 +8,11 @@
 #include <cstdint>
 #include <string>
 
+#include "base/framework_binding.h"
+#include "base/iids.h"
 #include "calendar/datetime.h"
 #include "fuzz/fuzz_input.h"
 #include "module/entry.h"
-#include "module/iids.h"
 #include "module_interfaces.h"
 #include "persist/datetime_stream.h"
 

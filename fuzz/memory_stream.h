@@ -10,9 +10,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/iids.h"
 #include "com_types.h"
 #include "framework_interfaces.h"
-#include "module/iids.h"
 
 namespace fuzz {
 

@@ -8,10 +8,10 @@
 #include <cstring>
 #include <string>
 
+#include "base/iids.h"
 #include "fuzz/fuzz_input.h"
 #include "fuzz/memory_stream.h"
 #include "module/entry.h"
-#include "module/iids.h"
 #include "module_interfaces.h"
 
 namespace {

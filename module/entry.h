@@ -1,27 +1,10 @@
-// The module's binding to the framework: entry points, the global component
-// collection and the loading of other framework modules.
+// The module's two entry points: the host hands over its global component
+// collection and asks for components by name.
 #pragma once
 
 #include "com_types.h"
 #include "framework_interfaces.h"
 
-// The host's global component collection; one reference, held for the
-// module's whole life.
-extern SmartPtr<IComponentCollection> gGlobalComponentCollection;
-
 extern "C" __attribute__((visibility("default"))) HRESULT CreateFunction(std::int32_t length, const wchar_t* name,
                                                                          CREATEFUNCTION* out);
 __attribute__((visibility("default"))) HRESULT InitializeModule(void* reserved, IComponentCollection* collection);
-// Exported as a weak symbol; the weak binding is given at the definition only,
-// so that references from the module's own code stay strong and a static link
-// of that code always includes the definition.
-__attribute__((visibility("default"))) CREATEFUNCTION MODULECreateFunction(tagREFString module, tagREFString component);
-
-// The global collection with one reference added for the caller, created
-// from "CollectionsEx" when the host has not provided one; null on failure.
-IComponentCollection* GLOBALComponents();
-
-// Opens "./_binlinux/<module>.so" (relative to the current directory) with
-// immediate binding, printing "Module not available ..." when it cannot be
-// loaded. Returns the library handle or null; the handle is never closed.
-void* OpenFrameworkModule(tagREFString module);

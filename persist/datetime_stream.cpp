@@ -3,10 +3,10 @@
 #include <cwchar>
 #include <limits>
 
+#include "base/iids.h"
 #include "framework/conversions.h"
 #include "framework/ref_string.h"
 #include "framework/tagged_text.h"
-#include "module/iids.h"
 #include "persist/datetime_fields.h"
 
 // A second read from text or a stream is narrowed from double; with IEEE

@@ -2,8 +2,8 @@
 
 #include <cwchar>
 
-#include "module/entry.h"
-#include "module/iids.h"
+#include "base/framework_binding.h"
+#include "base/iids.h"
 
 namespace {
 constexpr wchar_t kParameterSetComponent[] = L"ParametersCreatable";

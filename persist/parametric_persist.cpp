@@ -1,6 +1,6 @@
 #include "persist/parametric_persist.h"
 
-#include "module/iids.h"
+#include "base/iids.h"
 #include "persist/parameter_set.h"
 
 namespace {

@@ -2,16 +2,11 @@
 
 #include <cmath>
 
-#include "calendar/calendar_classes.h"
-#include "calendar/day_numbers.h"
-#include "calendar/hebrew.h"
-#include "time/calendar_info.h"
 #include "time/calendar_kinds.h"
 #include "time/clock.h"
 #include "time/date_normalisation.h"
 #include "time/elapsed_time.h"
 #include "time/linux_epoch.h"
-#include "time/lunar_days.h"
 #include "time/truncation.h"
 
 template <>
@@ -98,7 +93,7 @@ HRESULT CCalendar::GetElapsedTime(double* seconds, short utc) {
 
 // 0 Sunday .. 6 Saturday; the weekday field is not consulted.
 std::int32_t CCalendar::GetDayOfWeek() {
-    const std::int32_t day = truncate_to_int32(std::floor(m_starDate));
+    const std::int32_t day = TruncateToInt32(std::floor(m_starDate));
     const auto shifted = static_cast<std::int32_t>(static_cast<std::uint32_t>(day) - 2u);
     const std::int32_t weekday = shifted % 7;
     return weekday < 0 ? weekday + 7 : weekday;
@@ -113,49 +108,12 @@ HRESULT CCalendar::GetInfo(short* daysInMonth, short* monthsInYear, short* daysI
     return S_OK;
 }
 
-double CCalendar::GetCalendarDays() {
-    switch (m_kind) {
-        case kCalendarJulian: {
-            CJulian julian;
-            static_cast<tagDATETIME&>(julian) = m_dateTime;
-            return julian.GetEllapsedDays();
-        }
-        case kCalendarHebrewFlagOne:
-        case kCalendarHebrewFlagZero:
-            return LunarCalendarDays(m_dateTime.Day, m_dateTime.Year, m_kind == kCalendarHebrewFlagOne);
-        default: {
-            CGregorian gregorian;
-            static_cast<tagDATETIME&>(gregorian) = m_dateTime;
-            return gregorian.GetEllapsedDays();
-        }
-    }
-}
+double CCalendar::GetCalendarDays() { return CalendarKindOf(m_kind).calendarDays(m_dateTime); }
 
 // Kept for compatibility: the elapsed-day setter runs on a scratch copy that
 // is discarded, so nothing changes.
 HRESULT CCalendar::SetCalendarDays(double days) {
-    switch (m_kind) {
-        case kCalendarHebrewFlagOne:
-        case kCalendarHebrewFlagZero: {
-            CHebrew hebrew;
-            static_cast<tagDATETIME&>(hebrew) = m_dateTime;
-            hebrew.flag = m_kind == kCalendarHebrewFlagOne ? 1 : 0;
-            hebrew.SetEllapsedDays(days, 0);
-            break;
-        }
-        case kCalendarJulian: {
-            CJulian julian;
-            static_cast<tagDATETIME&>(julian) = m_dateTime;
-            julian.SetEllapsedDays(days);
-            break;
-        }
-        default: {
-            CGregorian gregorian;
-            static_cast<tagDATETIME&>(gregorian) = m_dateTime;
-            gregorian.SetEllapsedDays(days);
-            break;
-        }
-    }
+    CalendarKindOf(m_kind).setCalendarDaysOnCopy(m_dateTime, days);
     return S_OK;
 }
 

@@ -1,9 +1,9 @@
 // CCalendar: the "Time" component. One instant in one calendar system.
 #pragma once
 
+#include "base/object.h"
 #include "calendar/datetime.h"
 #include "com_types.h"
-#include "module/object.h"
 #include "module_interfaces.h"
 #include "persist/parametric_persist.h"
 

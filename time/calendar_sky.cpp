@@ -1,22 +1,13 @@
 // Sunrise, sunset and moon phase of the Time component.
-#include "calendar/day_numbers.h"
 #include "time/calendar_component.h"
+#include "time/conversions.h"
 #include "time/moon_phase.h"
 #include "time/sun_times.h"
 
 namespace {
 
 // Star date of 1 January 2000 00:00, the origin of the mean new moons.
-double moon_reference() noexcept {
-    static const double reference = [] {
-        tagDATETIME newYear;
-        newYear.Day = 1;
-        newYear.Month = 1;
-        newYear.Year = 2000;
-        return GregorianToJDN(&newYear);
-    }();
-    return reference;
-}
+constexpr double kMoonReference = cal::GregorianDayNumber(tagDATETIME{1, 1, 2000, 0, 0, 0.0f, 0});
 
 }  // namespace
 
@@ -58,7 +49,7 @@ HRESULT CCalendar::get_SunTimes(double* sunrise, double* sunset) {
 
 HRESULT CCalendar::get_MoonPhase(float* phase) {
     if (!phase) return E_POINTER;
-    const double degrees = m_moonPhase != -1.0 ? m_moonPhase : MoonPhaseDegrees(m_starDate - moon_reference());
+    const double degrees = m_moonPhase != -1.0 ? m_moonPhase : MoonPhaseDegrees(m_starDate - kMoonReference);
     *phase = static_cast<float>(degrees);
     return S_OK;
 }

@@ -1,7 +1,5 @@
 #include "time/date_normalisation.h"
 
-#include "time/calendar_info.h"
-
 void CarryDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year, tagDATETIME& date) noexcept {
     date.Day = day;
     date.Month = month;

@@ -14,15 +14,9 @@
 // looked up before each step.
 void CarryDate(std::int32_t kind, std::int16_t day, std::int16_t month, std::int16_t year, tagDATETIME& date) noexcept;
 
-// The shortest of months 1 to 12 under the kind's rules. Hebrew years are
-// also longer than 29 days and have at least 12 months, so a date within
-// these bounds carries nothing and can be stored as given.
-constexpr std::int16_t ShortestMonth(std::int32_t kind) noexcept {
-    return kind == kCalendarHebrewFlagOne || kind == kCalendarHebrewFlagZero ? 29 : 28;
-}
-
 // True when CarryDate would store the date as given: month 1 to 12 and a day
-// no later than the kind's shortest month.
-constexpr bool DateCannotCarry(std::int32_t kind, std::int16_t day, std::int16_t month) noexcept {
-    return month >= 1 && month <= 12 && day <= ShortestMonth(kind);
+// no later than the kind's shortest month. Hebrew years are also longer than
+// 29 days and have at least 12 months, so such a date carries nothing.
+inline bool DateCannotCarry(std::int32_t kind, std::int16_t day, std::int16_t month) noexcept {
+    return month >= 1 && month <= 12 && day <= CalendarKindOf(kind).shortestMonth;
 }

@@ -4,11 +4,12 @@
 #include <ctime>
 
 #include "calendar/month_rules.h"
+#include "persist/datetime_stream.h"
 #include "time/truncation.h"
 
 namespace {
 
-void store_broken_down(const std::tm& tm, tagDATETIME& record) {
+void StoreBrokenDown(const std::tm& tm, tagDATETIME& record) {
     record.Day = static_cast<std::int16_t>(tm.tm_mday);
     record.Month = static_cast<std::int16_t>(tm.tm_mon + 1);
     record.Year = static_cast<std::int16_t>(tm.tm_year + 1900);
@@ -23,14 +24,14 @@ void CDateTimer::Reset() {
     std::time_t now = std::time(nullptr);
     LinuxTime = now;
     if (const std::tm* tm = std::localtime(&now)) {
-        store_broken_down(*tm, *this);
+        StoreBrokenDown(*tm, *this);
         WeekDay = static_cast<std::int16_t>(tm->tm_wday + 1);
     }
 }
 
 void CDateTimer::SetLinuxTime(long t) {
     const std::time_t stamp = t;
-    if (const std::tm* tm = std::localtime(&stamp)) store_broken_down(*tm, *this);
+    if (const std::tm* tm = std::localtime(&stamp)) StoreBrokenDown(*tm, *this);
 }
 
 void CDateTimer::SetLinuxTime(struct statx_timestamp* ts) {
@@ -43,11 +44,11 @@ void CDateTimer::SetLinuxTime(struct statx_timestamp* ts) {
     Second = 0.0f;
 
     double s = static_cast<double>(ts->tv_sec);
-    std::int32_t days = truncate_to_int32(std::floor(s / 86400.0));
+    std::int32_t days = TruncateToInt32(std::floor(s / 86400.0));
     s -= days * 86400.0;
-    const std::int32_t hour = truncate_to_int32(s / 3600.0);
+    const std::int32_t hour = TruncateToInt32(s / 3600.0);
     s -= hour * 3600.0;
-    const std::int32_t minute = truncate_to_int32(s / 60.0);
+    const std::int32_t minute = TruncateToInt32(s / 60.0);
     s -= minute * 60.0;
 
     // The length subtracted is that of the year entered, not of the year
@@ -74,3 +75,7 @@ void CDateTimer::SetLinuxTime(struct statx_timestamp* ts) {
     Second = static_cast<float>(s);
     Second = static_cast<float>(Second + ts->tv_nsec / 1000000000.0);
 }
+
+// The integer argument is accepted for the stream interface's shape and ignored.
+HRESULT CDateTimer::Save(IDataStream* stream, std::int32_t /*flags*/) { return SaveDateTime(*this, stream); }
+HRESULT CDateTimer::Load(IDataStream* stream, std::int32_t /*flags*/) { return LoadDateTime(*this, stream); }

@@ -19,7 +19,7 @@ double MeanNewMoonOffset(double lunation) noexcept {
 
 double MoonPhaseDegrees(double d) noexcept {
     // k + 1 and k - 1 are formed in double precision, exact for every 32-bit k.
-    const double k = static_cast<double>(truncate_to_int32(d / kLunationForCount));
+    const double k = static_cast<double>(TruncateToInt32(d / kLunationForCount));
     double phase;
     if (d > 0.0) {
         const double start = MeanNewMoonOffset(k);

@@ -40,7 +40,7 @@ AnomalyTerms ComputeAnomalyTerms(std::int32_t meanAnomaly) noexcept {
     const double sinM = std::sin(M * r);
     t.equationOfCentre =
         sinM * kCentreSin1 + std::sin(M * r + M * r) * kCentreSin2 + std::sin(M * 3.0 * r) * kCentreSin3;
-    t.eclipticLongitude = whole_degrees((t.equationOfCentre + (M + kPerihelion)) + kHalfTurn);
+    t.eclipticLongitude = WholeDegrees((t.equationOfCentre + (M + kPerihelion)) + kHalfTurn);
     const double lambda = t.eclipticLongitude;
     t.transitSinM = sinM * kTransitSinM;
     t.transitSin2Lambda = std::sin((lambda + lambda) * r) * kTransitSin2Lambda;

@@ -10,4 +10,4 @@ inline constexpr double kDegreesPerRadian = 57.29577951308232;
 
 // Whole degrees, keeping the sign of the argument: (-360, 360) for every
 // input, not-a-number and infinities included (they truncate to INT32_MIN).
-constexpr std::int32_t whole_degrees(double degrees) noexcept { return truncate_to_int32(degrees) % 360; }
+constexpr std::int32_t WholeDegrees(double degrees) noexcept { return TruncateToInt32(degrees) % 360; }

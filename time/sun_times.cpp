@@ -24,12 +24,12 @@ SolarEvents ComputeSolarEvents(double starDate, double newYearNoon, double longi
     constexpr double r = kRadiansPerDegree;
     SolarEvents e{};
     const double longitudeTurns = longitude / kDegreesPerTurn;
-    e.dayCount = static_cast<double>(truncate_to_int32(starDate)) - newYearNoon - kTransitOffset - longitudeTurns;
+    e.dayCount = static_cast<double>(TruncateToInt32(starDate)) - newYearNoon - kTransitOffset - longitudeTurns;
     // Truncated, not rounded: results depend on it.
-    e.dayIndex = static_cast<double>(truncate_to_int32(e.dayCount));
+    e.dayIndex = static_cast<double>(TruncateToInt32(e.dayCount));
     e.transit = (longitudeTurns + kTransitOffset) + e.dayIndex;
     // The anomaly counts from 1 January of the current year, not from a fixed epoch.
-    const std::int32_t meanAnomaly = whole_degrees(e.transit * kAnomalyRate + kAnomalyAtEpoch);
+    const std::int32_t meanAnomaly = WholeDegrees(e.transit * kAnomalyRate + kAnomalyAtEpoch);
     // Everything from the equation of centre to the declination depends on the
     // whole-degree anomaly alone.
     const AnomalyTerms& terms = TabulatedAnomalyTerms(meanAnomaly);

@@ -4,9 +4,9 @@
 #include <limits>
 #include <new>
 
+#include "base/iids.h"
 #include "framework/conversions.h"
 #include "framework/ref_string.h"
-#include "module/iids.h"
 #include "persist/parameter_set.h"
 #include "time/calendar_component.h"
 

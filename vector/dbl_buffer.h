@@ -4,9 +4,10 @@
 
 #include <cstdint>
 
+#include "base/iids.h"
+#include "base/object.h"
+#include "base/resource_lock.h"
 #include "com_types.h"
-#include "module/iids.h"
-#include "module/object.h"
 #include "module_interfaces.h"
 #include "vector/dbl_storage.h"
 #include "vector/event_source.h"

@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <new>
 
+#include "base/iids.h"
 #include "com_types.h"
-#include "module/iids.h"
 #include "module_interfaces.h"
 
 template <class T, const IID* piid>

@@ -1,4 +1,5 @@
-#include "calendar/calendar_classes.h"
+#include "time/calendar_classes.h"
+#include "time/generic_calendar.h"
 
 #include <gtest/gtest.h>
 

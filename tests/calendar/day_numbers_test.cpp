@@ -1,4 +1,5 @@
 #include "calendar/day_numbers.h"
+#include "time/conversions.h"
 
 #include <gtest/gtest.h>
 

@@ -11,6 +11,7 @@
 #include "calendar/day_numbers.h"
 #include "calendar/hebrew.h"
 #include "date_fields.h"
+#include "time/conversions.h"
 
 namespace {
 

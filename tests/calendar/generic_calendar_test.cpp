@@ -1,7 +1,7 @@
 // The "SDAdam" and "SDGeneric" calendars against the host kit's registry,
 // installed as the module's global collection. The registry is a temporary
 // file named through CALENDAR_REGISTRY.
-#include "calendar/generic_calendar.h"
+#include "time/conversions.h"
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -11,13 +11,14 @@
 #include <random>
 #include <string>
 
-#include "calendar/calendar_classes.h"
+#include "base/iids.h"
 #include "date_fields.h"
 #include "framework/conversions.h"
 #include "module/entry.h"
-#include "module/iids.h"
 #include "support/fake_component_collection.h"
 #include "support/module_host.h"
+#include "time/calendar_classes.h"
+#include "time/generic_calendar.h"
 
 namespace {
 

@@ -7,6 +7,7 @@
 #include "calendar/hebrew_year.h"
 #include "date_fields.h"
 #include "hebrew_year_start.h"
+#include "time/conversions.h"
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include "calendar/day_numbers.h"
 #include "calendar/hebrew.h"
 #include "date_fields.h"
+#include "time/conversions.h"
 
 namespace {
 

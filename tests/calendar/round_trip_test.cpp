@@ -12,6 +12,7 @@
 #include "calendar/month_rules.h"
 #include "date_fields.h"
 #include "hebrew_year_start.h"
+#include "time/conversions.h"
 
 namespace {
 

@@ -12,6 +12,7 @@
 #include "calendar/month_rules.h"
 #include "calendar/whole_days.h"
 #include "date_fields.h"
+#include "time/conversions.h"
 
 namespace {
 
@@ -71,7 +72,7 @@ TEST(SetYearDay, FarMonthsCountThirtyDaysEach) {
 
 TEST(DayFraction, MiddayIsOneHalf) {
     const tagDATETIME date = MakeDate(2024, 6, 21, 12, 0, 0.0f);
-    EXPECT_EQ(DayFraction(&date), 0.5);
+    EXPECT_EQ(cal::DayFraction(date), 0.5);
     EXPECT_EQ(GregorianToJDN(&date), 739060.5);  // 739058 elapsed days, shifted by 2
 }
 

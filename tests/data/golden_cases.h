@@ -12,6 +12,7 @@
 #include "calendar/day_numbers.h"
 #include "calendar/hebrew.h"
 #include "golden_sweeps.h"
+#include "time/conversions.h"
 #include "time/lunar_days.h"
 #include "time/moon_phase.h"
 #include "time/sun_times.h"

@@ -14,11 +14,13 @@
 #include <string>
 #include <vector>
 
-#include "calendar/calendar_classes.h"
 #include "calendar/day_numbers.h"
 #include "calendar/hebrew.h"
 #include "calendar/hebrew_year.h"
 #include "calendar/month_rules.h"
+#include "time/calendar_classes.h"
+#include "time/conversions.h"
+#include "time/generic_calendar.h"
 #include "time/lunar_days.h"
 #include "time/moon_phase.h"
 #include "time/sun_anomaly_terms.h"

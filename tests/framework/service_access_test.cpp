@@ -3,12 +3,13 @@
 
 #include <string>
 
+#include "base/framework_binding.h"
+#include "base/iids.h"
 #include "child_process.h"
 #include "framework/conversions.h"
 #include "framework/ref_string.h"
 #include "kit_services.h"
 #include "module/entry.h"
-#include "module/iids.h"
 #include "support/fake_component_collection.h"
 
 namespace {

@@ -2,10 +2,10 @@
 
 #include <functional>
 
+#include "base/iids.h"
 #include "framework/conversions.h"
 #include "kit_services.h"
 #include "module/entry.h"
-#include "module/iids.h"
 #include "module_interfaces.h"
 
 namespace {

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "base/framework_binding.h"
 #include "counting_collection.h"
 #include "module/entry.h"
 #include "scoped_module_folder.h"

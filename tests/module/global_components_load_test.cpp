@@ -6,6 +6,7 @@
 
 #include <vector>
 
+#include "base/framework_binding.h"
 #include "counting_collection.h"
 #include "iid_bytes.h"
 #include "module/entry.h"

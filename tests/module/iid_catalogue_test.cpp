@@ -3,10 +3,10 @@
 
 #include <string_view>
 
+#include "base/framework_binding.h"
+#include "base/iids.h"
 #include "catalogue_names.h"
 #include "iid_bytes.h"
-#include "module/entry.h"
-#include "module/iids.h"
 
 namespace {
 

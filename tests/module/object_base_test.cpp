@@ -5,7 +5,7 @@
 #include <thread>
 #include <vector>
 
-#include "module/object.h"
+#include "base/object.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <thread>
 
-#include "module/object.h"
+#include "base/resource_lock.h"
 
 namespace {
 

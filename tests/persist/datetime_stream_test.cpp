@@ -5,10 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "calendar/calendar_classes.h"
 #include "fake_streams.h"
 #include "kit_environment.h"
+#include "time/calendar_classes.h"
 #include "time/date_timer.h"
+#include "time/generic_calendar.h"
 
 namespace {
 

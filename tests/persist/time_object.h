@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/iids.h"
 #include "kit_environment.h"
-#include "module/iids.h"
 #include "time/calendar_component.h"
 
 namespace persist_test {

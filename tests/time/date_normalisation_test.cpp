@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "time/calendar_info.h"
+#include "time/calendar_kinds.h"
 #include "time/date_normalisation.h"
 
 namespace {

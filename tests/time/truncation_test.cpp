@@ -24,6 +24,6 @@ TEST(TruncateToInt32, TowardZeroInsideRangeAndInt32MinOutside) {
         {std::nan(""), -2147483647 - 1},
     };
     for (const TruncationCase& c : cases) {
-        EXPECT_EQ(truncate_to_int32(c.input), c.expected) << c.input;
+        EXPECT_EQ(TruncateToInt32(c.input), c.expected) << c.input;
     }
 }

@@ -1,11 +1,11 @@
-#include "calendar/generic_calendar.h"
+#include "time/generic_calendar.h"
 
-#include "calendar/calendar_classes.h"
+#include "base/framework_binding.h"
+#include "base/iids.h"
 #include "calendar/registry_decimal.h"
 #include "framework/conversions.h"
 #include "framework/ref_string.h"
-#include "module/entry.h"
-#include "module/iids.h"
+#include "time/conversions.h"
 
 namespace {
 
@@ -47,12 +47,12 @@ double ReadEpochOffset(IString* name) {
 // as the calendar holds it.
 class NamedCalendar {
 public:
-    explicit NamedCalendar(const wchar_t* name) : calendar_(SmartPtr<IString>(ISCreate(name)).get()) {}
-    CGenericCalendar& operator*() { return calendar_; }
-    CGenericCalendar* operator->() { return &calendar_; }
+    explicit NamedCalendar(const wchar_t* name) : m_calendar(SmartPtr<IString>(ISCreate(name)).get()) {}
+    CGenericCalendar& operator*() { return m_calendar; }
+    CGenericCalendar* operator->() { return &m_calendar; }
 
 private:
-    CGenericCalendar calendar_;
+    CGenericCalendar m_calendar;
 };
 
 double NamedToJDN(const wchar_t* name, const tagDATETIME* date) {
@@ -73,35 +73,35 @@ HRESULT JDNtoNamed(const wchar_t* name, double jdn, tagDATETIME* out) {
 
 }  // namespace
 
-CGenericCalendar::CGenericCalendar(IString* name) : inner_(new CGregorian()), name_(name) {
-    if (name_) name_->AddRef();
-    epochOffset_ = ReadEpochOffset(name_);
+CGenericCalendar::CGenericCalendar(IString* name) : m_inner(new CGregorian()), m_name(name) {
+    if (m_name) m_name->AddRef();
+    m_epochOffset = ReadEpochOffset(m_name);
 }
 
 CGenericCalendar::~CGenericCalendar() {
-    delete inner_;
-    if (name_) name_->Release();
+    delete m_inner;
+    if (m_name) m_name->Release();
 }
 
-void CGenericCalendar::CopyInnerDate() { static_cast<tagDATETIME&>(*this) = *inner_; }
+void CGenericCalendar::CopyInnerDate() { static_cast<tagDATETIME&>(*this) = *m_inner; }
 
-int CGenericCalendar::GetYearDay() { return inner_->GetYearDay(); }
+int CGenericCalendar::GetYearDay() { return m_inner->GetYearDay(); }
 
 void CGenericCalendar::SetYearDay(int) {
-    inner_->SetYearDay(Year);
+    m_inner->SetYearDay(Year);
     CopyInnerDate();
 }
 
-int CGenericCalendar::DaysInMonth(int month) { return inner_->DaysInMonth(month); }
+int CGenericCalendar::DaysInMonth(int month) { return m_inner->DaysInMonth(month); }
 
-double CGenericCalendar::GetEllapsedDays() { return inner_->GetEllapsedDays() + epochOffset_; }
+double CGenericCalendar::GetEllapsedDays() { return m_inner->GetEllapsedDays() + m_epochOffset; }
 
 void CGenericCalendar::SetEllapsedDays(double days) {
-    inner_->SetEllapsedDays(days - epochOffset_);
+    m_inner->SetEllapsedDays(days - m_epochOffset);
     CopyInnerDate();
 }
 
-short CGenericCalendar::DaysInYear() { return inner_->DaysInYear(); }
+short CGenericCalendar::DaysInYear() { return m_inner->DaysInYear(); }
 
 double AdamToJDN(const tagDATETIME* date) { return NamedToJDN(L"SDAdam", date); }
 HRESULT JDNtoAdam(double jdn, tagDATETIME* out) { return JDNtoNamed(L"SDAdam", jdn, out); }

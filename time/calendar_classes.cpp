@@ -1,7 +1,8 @@
-#include "calendar/calendar_classes.h"
+#include "time/calendar_classes.h"
 
 #include "calendar/day_counts.h"
 #include "calendar/month_rules.h"
+#include "persist/datetime_stream.h"
 
 CBaseCalendar::~CBaseCalendar() = default;
 
@@ -21,3 +22,7 @@ double CJulian::GetEllapsedDays() {
 }
 void CJulian::SetEllapsedDays(double days) { cal::JulianDateFromCount(days, this); }
 short CJulian::DaysInYear() { return cal::JulianLeap(Year) ? 366 : 365; }
+
+// The integer argument is accepted for the stream interface's shape and ignored.
+HRESULT CBaseCalendar::Save(IDataStream* stream, int /*flags*/) { return SaveDateTime(*this, stream); }
+HRESULT CBaseCalendar::Load(IDataStream* stream, int /*flags*/) { return LoadDateTime(*this, stream); }

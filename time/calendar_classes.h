@@ -24,7 +24,7 @@ public:
     virtual void SetEllapsedDays(double days) = 0;
     virtual short DaysInYear() = 0;
     virtual ~CBaseCalendar();
-    // The date record to and from a stream (persist/calendar_stream.cpp).
+    // The date record to and from a stream, in the format of every date record.
     virtual HRESULT Save(IDataStream* stream, int flags);
     virtual HRESULT Load(IDataStream* stream, int flags);
 };
@@ -50,35 +50,4 @@ public:
     double GetEllapsedDays() override;
     void SetEllapsedDays(double days) override;
     short DaysInYear() override;
-};
-
-// A named calendar with Gregorian months and years whose elapsed days are
-// shifted by an epoch offset read from the registry (section "Calendar",
-// key = name) at construction.
-class CGenericCalendar final : public CBaseCalendar {
-public:
-    // Holds one reference on name for the object's life.
-    explicit CGenericCalendar(IString* name);
-    ~CGenericCalendar() override;
-    CGenericCalendar(const CGenericCalendar&) = delete;
-    CGenericCalendar& operator=(const CGenericCalendar&) = delete;
-
-    int GetYearDay() override;
-    // Passes the own Year, not n, to the inner calendar; kept for
-    // compatibility with stored dates.
-    void SetYearDay(int n) override;
-    int DaysInMonth(int month) override;
-    double GetEllapsedDays() override;
-    void SetEllapsedDays(double days) override;
-    short DaysInYear() override;
-
-    double EpochOffset() const { return epochOffset_; }
-    CBaseCalendar* Inner() const { return inner_; }
-
-private:
-    void CopyInnerDate();
-
-    double epochOffset_ = 0.0;        // added to the inner calendar's elapsed days
-    CBaseCalendar* inner_ = nullptr;  // owned; always a CGregorian
-    IString* name_ = nullptr;         // one reference held
 };
