@@ -3,6 +3,8 @@
 #include <cwchar>
 
 #include "base/iids.h"
+#include "base/no_throw.h"
+#include "base/query.h"
 #include "framework/conversions.h"
 #include "framework/variant_format.h"
 #include "module_interfaces.h"
@@ -77,8 +79,7 @@ IString* FormatVariant(IVariant* value, short format) {
 IString* ObjectName(IVariant* value) {
     SmartPtr<IUnknown> object;
     value->GetObject(object.put());
-    SmartPtr<IObjectInfo> info;
-    if (object) object->QueryInterface(IID_IObjectInfo, info.put_void());
+    SmartPtr<IObjectInfo> info = Query<IObjectInfo>(object.get(), IID_IObjectInfo);
     tagREFString name{0, L""};
     if (info) info->GetName(0, &name);
     return NewText(name.length, name.string);
@@ -88,39 +89,27 @@ IString* ObjectName(IVariant* value) {
 
 // A failing framework call gives null; whatever was made so far is released.
 IString* ISCreate(const wchar_t* text) {
-    try {
-        return NewText(text ? static_cast<std::int32_t>(std::wcslen(text)) : 0, text ? text : L"");
-    } catch (...) {
-        return nullptr;
-    }
+    return NoThrow([&] { return NewText(text ? static_cast<std::int32_t>(std::wcslen(text)) : 0, text ? text : L""); });
 }
 
 IString* ISCreate(IVariant* value, short format) {
     if (!value) return nullptr;
-    try {
-        return FormatVariant(value, format);
-    } catch (...) {
-        return nullptr;
-    }
+    return NoThrow([&] { return FormatVariant(value, format); });
 }
 
 IString* ISCreate(IVariant* value) {
     if (!value) return nullptr;
-    try {
+    return NoThrow([&] {
         if (value->IsString() != 0) return OwnText(value);
         if (value->GetType() != kVariantEmpty) return FormatVariant(value, -1);
         return ObjectName(value);
-    } catch (...) {
-        return nullptr;
-    }
+    });
 }
 
 IVariant* IVCreate(int value) {
-    try {
+    return NoThrow([&] {
         SmartPtr<IVariant> created(CREFString::CreateVariant());
         if (created) created->SetInteger(value);
         return created.detach();
-    } catch (...) {
-        return nullptr;
-    }
+    });
 }

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "base/iids.h"
+#include "base/query.h"
 #include "framework/conversions.h"
 #include "framework/ref_string.h"
 #include "framework/tagged_text.h"
@@ -17,14 +18,6 @@ namespace {
 
 constexpr std::int32_t kIntegerFieldSize = sizeof(std::int16_t);  // 2
 constexpr std::int32_t kSecondFieldSize = sizeof(float);          // 4
-
-template <class I>
-SmartPtr<I> QueryStream(IDataStream* stream, const IID& iid) {
-    SmartPtr<I> result;
-    // A refusal carries no reference, whatever it left in the slot.
-    if (FAILED(stream->QueryInterface(iid, result.put_void()))) result.detach();
-    return result;
-}
 
 SmartPtr<IString> NameText(const wchar_t* name) { return SmartPtr<IString>(ISCreate(name)); }
 
@@ -55,7 +48,7 @@ void WriteValues(const tagDATETIME& record, IFolderStream& folder) {
 // surrounding elements do not matter. A found element with unreadable or
 // missing content sets its field to 0; stored data relies on that.
 void ReadElements(tagDATETIME& record, IDataStream* stream) {
-    SmartPtr<IString> whole = QueryStream<IString>(stream, IID_IString);
+    SmartPtr<IString> whole = Query<IString>(stream, IID_IString);
     CREFString source;
     tagREFString view{0, nullptr};
     if (whole && SUCCEEDED(whole->GetString(&view)) && view.length > 0 && view.string) source = CREFString(view);
@@ -87,9 +80,9 @@ void ReadValues(tagDATETIME& record, IFolderStream& folder) {
 HRESULT SaveDateTime(const tagDATETIME& record, IDataStream* stream) {
     if (!stream) return S_OK;
     // Only one form is written, even to a stream that offers both.
-    if (SmartPtr<IXMLStream> xml = QueryStream<IXMLStream>(stream, IID_IXMLStream)) {
+    if (SmartPtr<IXMLStream> xml = Query<IXMLStream>(stream, IID_IXMLStream)) {
         WriteElements(record, *xml.get());
-    } else if (SmartPtr<IFolderStream> folder = QueryStream<IFolderStream>(stream, IID_IFolderStream)) {
+    } else if (SmartPtr<IFolderStream> folder = Query<IFolderStream>(stream, IID_IFolderStream)) {
         WriteValues(record, *folder.get());
     }
     return S_OK;
@@ -98,8 +91,8 @@ HRESULT SaveDateTime(const tagDATETIME& record, IDataStream* stream) {
 HRESULT LoadDateTime(tagDATETIME& record, IDataStream* stream) {
     if (!stream) return S_OK;
     // Both forms are read when the stream offers both; the binary values win.
-    if (QueryStream<IXMLStream>(stream, IID_IXMLStream)) ReadElements(record, stream);
-    if (SmartPtr<IFolderStream> folder = QueryStream<IFolderStream>(stream, IID_IFolderStream)) {
+    if (Query<IXMLStream>(stream, IID_IXMLStream)) ReadElements(record, stream);
+    if (SmartPtr<IFolderStream> folder = Query<IFolderStream>(stream, IID_IFolderStream)) {
         ReadValues(record, *folder.get());
     }
     return S_OK;

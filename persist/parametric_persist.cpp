@@ -1,20 +1,13 @@
 #include "persist/parametric_persist.h"
 
 #include "base/iids.h"
+#include "base/query.h"
 #include "persist/parameter_set.h"
 
 namespace {
 
 // Marks a save made on behalf of a component's parameter collection.
 constexpr std::int32_t kParametricSaveFlag = 0x800000;
-
-template <class I>
-SmartPtr<I> Query(IUnknown* object, const IID& iid) {
-    SmartPtr<I> result;
-    // A refusal carries no reference, whatever it left in the slot.
-    if (FAILED(object->QueryInterface(iid, result.put_void()))) result.detach();
-    return result;
-}
 
 bool IsXmlOrFolderStream(IDataStream* stream) {
     if (!stream) return false;

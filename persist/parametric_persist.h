@@ -3,8 +3,7 @@
 // back to the component's SetParameters.
 #pragma once
 
-#include <new>
-
+#include "base/no_throw.h"
 #include "com_types.h"
 #include "module_interfaces.h"
 
@@ -30,23 +29,11 @@ template <class T>
 class IDataPersistParametricImpl : public IParametricImpl<T>, public IDataPersist {
 public:
     HRESULT Save(IDataStream* stream, std::int32_t flags) override {
-        try {
-            return SaveThroughParameters(*this, stream, flags);
-        } catch (const std::bad_alloc&) {
-            return E_OUTOFMEMORY;
-        } catch (...) {
-            return E_FAIL;
-        }
+        return NoThrow([&] { return SaveThroughParameters(*this, stream, flags); });
     }
     // The caller's flags are deliberately not passed on.
     HRESULT Load(IDataStream* stream, std::int32_t /*flags*/) override {
-        try {
-            return LoadThroughParameters(*this, stream);
-        } catch (const std::bad_alloc&) {
-            return E_OUTOFMEMORY;
-        } catch (...) {
-            return E_FAIL;
-        }
+        return NoThrow([&] { return LoadThroughParameters(*this, stream); });
     }
 
 protected:

@@ -2,10 +2,12 @@
 #include <cwchar>
 #include <cwctype>
 #include <limits>
-#include <new>
 
 #include "base/iids.h"
+#include "base/no_throw.h"
+#include "base/query.h"
 #include "framework/conversions.h"
+#include "framework/property_pages.h"
 #include "framework/ref_string.h"
 #include "persist/parameter_set.h"
 #include "time/calendar_component.h"
@@ -39,14 +41,6 @@ SmartPtr<ICreatableString> NewText(const wchar_t* text, std::int32_t length) {
 
 SmartPtr<ICreatableString> NewText(const wchar_t* text) {
     return NewText(text, static_cast<std::int32_t>(std::wcslen(text)));
-}
-
-template <class I>
-SmartPtr<I> Query(IUnknown* object, const IID& iid) {
-    SmartPtr<I> result;
-    // A refusal carries no reference, whatever it left in the slot.
-    if (FAILED(object->QueryInterface(iid, result.put_void()))) result.detach();
-    return result;
 }
 
 // False when a service is missing; the entry is then not added.
@@ -101,7 +95,7 @@ bool ReadSecond(IUnknown& entry, double* second) {
 HRESULT CCalendar::GetParameters(INamedCollection** parameters, std::int32_t /*reserved*/) {
     if (!parameters) return E_POINTER;
     *parameters = nullptr;
-    try {
+    return NoThrow([&] {
         SmartPtr<IParametersCreatable> set(CreateParameterSet());
         if (!set) return E_FAIL;
         for (const IntegerParameter& entry : kIntegerParameters) {
@@ -114,11 +108,7 @@ HRESULT CCalendar::GetParameters(INamedCollection** parameters, std::int32_t /*r
         if (!AddParameter(*set.get(), kSecondParameter, second.get())) return E_FAIL;
         *parameters = set.detach();
         return S_OK;
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
+    });
 }
 
 // Fields are written as found, without normalisation and without
@@ -126,7 +116,7 @@ HRESULT CCalendar::GetParameters(INamedCollection** parameters, std::int32_t /*r
 // the client updates it. A missing or unreadable entry keeps its field.
 HRESULT CCalendar::SetParameters(INamedCollection* parameters) {
     if (!parameters) return E_POINTER;
-    try {
+    return NoThrow([&] {
         for (const IntegerParameter& entry : kIntegerParameters) {
             SmartPtr<IUnknown> item = FindEntry(*parameters, entry.name);
             if (!item) continue;
@@ -138,28 +128,9 @@ HRESULT CCalendar::SetParameters(INamedCollection* parameters) {
         SmartPtr<IUnknown> item = FindEntry(*parameters, kSecondParameter);
         if (item && ReadSecond(*item.get(), &second)) m_dateTime.Second = static_cast<float>(second);
         return S_OK;
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
+    });
 }
 
 HRESULT CCalendar::GetPages(std::int32_t /*reserved*/, INamedCollection** pages, IUnknown** /*site*/) {
-    if (!pages) return E_POINTER;
-    *pages = nullptr;
-    try {
-        SmartPtr<ISuperCollection> collection(CREFString::CreateCollection());
-        SmartPtr<ICreatableString> key = NewText(m_ObjectName.string, m_ObjectName.length);
-        SmartPtr<ICreatableString> page = NewText(kParametricPage);
-        SmartPtr<ICreatableString> third = NewText(m_ObjectName.string, m_ObjectName.length);
-        if (!collection || !key || !page || !third) return E_FAIL;  // the framework's services are unavailable
-        collection->Add(key.get(), page.get(), third.get(), 0);
-        *pages = collection.detach();
-        return S_OK;
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
+    return NewPropertyPages(pages, m_ObjectName, kParametricPage, PageThirdText::kComponentName);
 }
