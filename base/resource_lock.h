@@ -41,6 +41,10 @@ public:
         m_owner.store(pthread_t{}, std::memory_order_relaxed);
         pthread_mutex_unlock(&m_mutex);
     }
+    // True while `thread` holds the mutex.
+    bool IsHeldBy(pthread_t thread) const noexcept {
+        return !m_deleted && m_owner.load(std::memory_order_relaxed) == thread;
+    }
     // Destroys the mutex; later Lock and Unlock calls do nothing.
     virtual void Delete() {
         if (!m_deleted) {

@@ -1,5 +1,7 @@
 #include "vector/dbl_buffer.h"
 
+#include "vector/lock_hand_over.h"
+
 template <>
 const tagREFString IObjectInfoImpl<CDblBuffer>::m_ObjectName{9, L"DblBuffer"};
 
@@ -20,30 +22,17 @@ HRESULT CDblBuffer::QueryInterface(const IID& iid, void** out) {
     return QueryInterfaceFromMap(this, kDblBufferInterfaces, iid, out);
 }
 
-// Listeners are told after the unlock. A capacity that cannot be allocated
-// changes nothing and is not announced.
+// A capacity that cannot be allocated changes nothing and is not announced.
 HRESULT CDblBuffer::put_Size(std::int32_t size) {
-    Lock();
-    const HRESULT hr = ResizeStorage(size);
-    Unlock();
-    if (SUCCEEDED(hr)) Fire_SizeChanged(this);
-    return hr;
+    return ChangeThenNotify(
+        m_lock, [&] { return ResizeStorage(size); }, [&] { Fire_SizeChanged(this); });
 }
 
-// Listeners are told even when nothing was stored (capacity 0). The firing
-// starts while the lock is formally held: the first per-listener Lock fails
-// on the error-checking mutex and its Unlock releases it, so listeners run
-// unlocked and may call back; the final Unlock may then find the mutex
-// already released, which the mutex reports and is ignored. Callers rely on
-// listeners being able to read the vector.
-// (Lock and Unlock by the calling thread, which is looked up once.)
+// Listeners are told even when nothing was stored (capacity 0), and run
+// unlocked (lock_hand_over.h).
 HRESULT CDblBuffer::put_Element(std::int32_t index, double value) {
-    const pthread_t self = pthread_self();
-    m_lock.LockAs(self);
-    const HRESULT hr = WriteElement(index, value);
-    Fire_ElementChanged(this, index);
-    m_lock.UnlockAs(self);
-    return hr;
+    return ChangeAndNotifyUnderLock(
+        m_lock, [&] { return WriteElement(index, value); }, [&] { Fire_ElementChanged(this, index); });
 }
 
 HRESULT CDblBuffer::get_Element(std::int32_t index, double* value) {

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <new>
 
 #include "com_types.h"
@@ -39,7 +40,7 @@ protected:
     // Capacity 32; the array's contents start undefined and are never read
     // before an append has written them.
     CDBLBuffer() : data(new V[32]) {}
-    ~CDBLBuffer() { delete[] data; }
+    ~CDBLBuffer() = default;
 
     // Sets the capacity and empties the ring. The same non-zero capacity keeps
     // the array and its old values; any other frees it and allocates a fresh,
@@ -48,13 +49,12 @@ protected:
     HRESULT ResizeStorage(std::int32_t size) noexcept {
         const std::int32_t current = capacity.load(std::memory_order_relaxed);
         if (size != current || size == 0) {
-            V* fresh = nullptr;
+            std::unique_ptr<V[]> fresh;
             if (size >= 1) {
-                fresh = new (std::nothrow) V[static_cast<std::size_t>(size)];
+                fresh.reset(new (std::nothrow) V[static_cast<std::size_t>(size)]);
                 if (!fresh) return E_OUTOFMEMORY;
             }
-            delete[] data;
-            data = fresh;
+            data = std::move(fresh);
             capacity.store(size >= 1 ? size : 0, std::memory_order_relaxed);
         }
         count.store(0, std::memory_order_relaxed);
@@ -91,7 +91,7 @@ protected:
     std::atomic<std::int32_t> count{0};      // values held, [0, capacity]
     std::int32_t head = -1;                  // array position of the newest value, -1 when empty
     std::atomic<std::int32_t> capacity{32};  // length of the array, >= 0
-    V* data;                                 // owned, array new; null when capacity is 0
+    std::unique_ptr<V[]> data;               // array new; null when capacity is 0
 
 private:
     RingState Ring() const noexcept {

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <new>
 
 #include "base/iids.h"
@@ -43,7 +44,7 @@ public:
     HRESULT GetAdviseItem(std::uint32_t index, IUnknown** listener, std::int32_t* mode) override {
         const auto position = static_cast<std::int32_t>(index);
         if (position < 0 || position >= count.load(std::memory_order_relaxed)) return E_FAIL;
-        const AdviseEntry* entry = table[position];
+        const AdviseEntry* entry = table[position].get();
         if (!entry) return E_FAIL;
         if (mode) *mode = entry->mode;
         if (!listener) return S_OK;
@@ -95,10 +96,7 @@ protected:
     IEventSourceImpl() = default;
     // The owner empties the table first (ReleaseAllAdvise) while its mutex
     // still exists; what is left here is freed without locking.
-    ~IEventSourceImpl() {
-        ReleaseAllUnderLock();
-        delete[] table;
-    }
+    ~IEventSourceImpl() { ReleaseAllUnderLock(); }
 
     // Releases every listener once. Called by the owner's destructor before
     // its mutex is destroyed.
@@ -118,7 +116,8 @@ protected:
     // without the lock; every write happens under it.
     std::atomic<std::int32_t> count{0};  // entries in use, [0, capacity]
     std::int32_t capacity = 0;           // slots allocated, a multiple of 8
-    AdviseEntry** table = nullptr;       // owned; slots at and beyond count are null
+    // Slots at and beyond count are null.
+    std::unique_ptr<std::unique_ptr<AdviseEntry>[]> table;
 
 private:
     // Kept out of line so that firing with no listener (the common case)
@@ -175,17 +174,17 @@ private:
         if (entries == capacity) {
             if (capacity > INT32_MAX - kGrowth) return E_OUTOFMEMORY;
             const std::int32_t grown = capacity + kGrowth;
-            auto** slots = new (std::nothrow) AdviseEntry*[static_cast<std::size_t>(grown)]();
+            std::unique_ptr<std::unique_ptr<AdviseEntry>[]> slots(
+                new (std::nothrow) std::unique_ptr<AdviseEntry>[static_cast<std::size_t>(grown)]);
             if (!slots) return E_OUTOFMEMORY;
-            for (std::int32_t i = 0; i < entries; ++i) slots[i] = table[i];
-            delete[] table;
-            table = slots;
+            for (std::int32_t i = 0; i < entries; ++i) slots[i] = std::move(table[i]);
+            table = std::move(slots);
             capacity = grown;
         }
-        auto* entry = new (std::nothrow) AdviseEntry{listener, mode};
+        std::unique_ptr<AdviseEntry> entry(new (std::nothrow) AdviseEntry{listener, mode});
         if (!entry) return E_OUTOFMEMORY;
         listener->AddRef();
-        table[entries] = entry;
+        table[entries] = std::move(entry);
         count.store(entries + 1, std::memory_order_relaxed);
         return S_OK;
     }
@@ -198,23 +197,19 @@ private:
         const std::int32_t found = FindUnderLock(identity);
         identity->Release();
         if (found < 0) return E_FAIL;
-        AdviseEntry* removed = table[found];
+        std::unique_ptr<AdviseEntry> removed = std::move(table[found]);
         const std::int32_t entries = count.load(std::memory_order_relaxed);
-        for (std::int32_t i = found; i + 1 < entries; ++i) table[i] = table[i + 1];
-        table[entries - 1] = nullptr;
+        for (std::int32_t i = found; i + 1 < entries; ++i) table[i] = std::move(table[i + 1]);
         count.store(entries - 1, std::memory_order_relaxed);
         removed->listener->Release();
-        delete removed;
         return S_OK;
     }
 
     void ReleaseAllUnderLock() {
         const std::int32_t entries = count.exchange(0, std::memory_order_relaxed);
         for (std::int32_t i = 0; i < entries; ++i) {
-            AdviseEntry* removed = table[i];
-            table[i] = nullptr;
+            const std::unique_ptr<AdviseEntry> removed = std::move(table[i]);
             removed->listener->Release();
-            delete removed;
         }
     }
 
@@ -225,7 +220,7 @@ private:
         const std::int32_t entries = count.load(std::memory_order_relaxed);
         bool replaced = false;
         for (std::int32_t i = 0; i < entries && !replaced; ++i) {
-            AdviseEntry* entry = table[i];
+            AdviseEntry* entry = table[i].get();
             if (entry->mode != kModeReplace) continue;
             IUnknown* previous = entry->listener;
             entry->listener = listener;

@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
 #include "date_fields.h"
 
 namespace {
@@ -170,9 +174,32 @@ TEST(CJulian, SetEllapsedDaysFollowsDayNumberSteps) {
     }
 }
 
+// The slot of a virtual operation in its class's table: a pointer to a
+// virtual member holds 1 + the slot's byte offset on this platform.
+template <class Member>
+std::size_t SlotOf(Member member) {
+    struct Raw {
+        std::uintptr_t pointer;
+        std::ptrdiff_t adjustment;
+    } raw{};
+    static_assert(sizeof(Member) == sizeof(Raw));
+    std::memcpy(&raw, &member, sizeof raw);
+    return (raw.pointer - 1) / sizeof(void*);
+}
+
 TEST(CalendarClasses, SlotOrderOfVirtualOperations) {
-    // Deleting through the base runs the derived destructor; every class is
-    // reachable through the base's table.
+    EXPECT_EQ(SlotOf(&CBaseCalendar::GetYearDay), 0u);
+    EXPECT_EQ(SlotOf(&CBaseCalendar::SetYearDay), 1u);
+    EXPECT_EQ(SlotOf(&CBaseCalendar::DaysInMonth), 2u);
+    EXPECT_EQ(SlotOf(&CBaseCalendar::GetEllapsedDays), 3u);
+    EXPECT_EQ(SlotOf(&CBaseCalendar::SetEllapsedDays), 4u);
+    EXPECT_EQ(SlotOf(&CBaseCalendar::DaysInYear), 5u);
+    // Slots 6 and 7 are the two destructor entries.
+    EXPECT_EQ(SlotOf(&CBaseCalendar::Save), 8u);
+    EXPECT_EQ(SlotOf(&CBaseCalendar::Load), 9u);
+}
+
+TEST(CalendarClasses, DeletingThroughTheBaseRunsEachClass) {
     CBaseCalendar* calendars[] = {new CGregorian, new CJulian};
     for (CBaseCalendar* c : calendars) {
         static_cast<tagDATETIME&>(*c) = MakeDate(2001, 3, 1);

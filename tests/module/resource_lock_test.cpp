@@ -47,12 +47,25 @@ TEST(CResourceLockDeathTest, OneUnlockFreesItAfterARelock) {
 TEST(CResourceLock, LockAndUnlockAfterDeleteDoNothing) {
     CResourceLock lock;
     lock.Lock();
+    EXPECT_TRUE(lock.IsHeldBy(pthread_self()));
     lock.Unlock();
+    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
     lock.Delete();
     lock.Lock();
+    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
     lock.Unlock();
     lock.Delete();
-    SUCCEED();
+    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
+}
+
+TEST(CResourceLock, UnlockByAThreadThatDoesNotHoldItDoesNothing) {
+    CResourceLock lock;
+    lock.Lock();
+    std::thread other([&] { lock.Unlock(); });
+    other.join();
+    EXPECT_TRUE(lock.IsHeldBy(pthread_self()));
+    lock.Unlock();
+    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
 }
 
 }  // namespace

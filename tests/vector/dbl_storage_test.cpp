@@ -28,9 +28,9 @@ TEST(DblStorage, SameCapacityKeepsTheArrayAndItsValues) {
     StorageProbe probe;
     EXPECT_EQ(probe.put_Size(3), S_OK);
     for (double value : {1.0, 2.0, 3.0, 4.0}) EXPECT_EQ(probe.put_Element(-1, value), S_OK);
-    const double* before = probe.data;
+    const double* before = probe.data.get();
     EXPECT_EQ(probe.put_Size(3), S_OK);
-    EXPECT_EQ(probe.data, before);
+    EXPECT_EQ(probe.data.get(), before);
     EXPECT_EQ(probe.count.load(), 0);
     EXPECT_EQ(probe.head, -1);
     EXPECT_EQ(probe.capacity.load(), 3);
