@@ -37,7 +37,7 @@ HRESULT CDblBuffer::put_Element(std::int32_t index, double value) {
 
 HRESULT CDblBuffer::get_Element(std::int32_t index, double* value) {
     if (!value) return E_POINTER;
-    const pthread_t self = pthread_self();
+    const CResourceLock::ThreadIdentity self = CResourceLock::CallingThread();
     m_lock.LockAs(self);
     const HRESULT hr = ReadElement(index, value);
     m_lock.UnlockAs(self);

@@ -8,8 +8,6 @@
 // takes each listener under Lock and Unlock and calls it after the Unlock.
 #pragma once
 
-#include <pthread.h>
-
 #include "base/resource_lock.h"
 #include "com_types.h"
 
@@ -21,7 +19,7 @@
 // told whatever the change returned.
 template <class Change, class Notify>
 HRESULT ChangeAndNotifyUnderLock(CResourceLock& lock, Change&& change, Notify&& notify) {
-    const pthread_t self = pthread_self();  // looked up once for the pair
+    const CResourceLock::ThreadIdentity self = CResourceLock::CallingThread();
     lock.LockAs(self);
     const HRESULT hr = change();
     notify();

@@ -47,15 +47,15 @@ TEST(CResourceLockDeathTest, OneUnlockFreesItAfterARelock) {
 TEST(CResourceLock, LockAndUnlockAfterDeleteDoNothing) {
     CResourceLock lock;
     lock.Lock();
-    EXPECT_TRUE(lock.IsHeldBy(pthread_self()));
+    EXPECT_TRUE(lock.IsHeldByCallingThread());
     lock.Unlock();
-    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
+    EXPECT_FALSE(lock.IsHeldByCallingThread());
     lock.Delete();
     lock.Lock();
-    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
+    EXPECT_FALSE(lock.IsHeldByCallingThread());
     lock.Unlock();
     lock.Delete();
-    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
+    EXPECT_FALSE(lock.IsHeldByCallingThread());
 }
 
 TEST(CResourceLock, UnlockByAThreadThatDoesNotHoldItDoesNothing) {
@@ -63,9 +63,9 @@ TEST(CResourceLock, UnlockByAThreadThatDoesNotHoldItDoesNothing) {
     lock.Lock();
     std::thread other([&] { lock.Unlock(); });
     other.join();
-    EXPECT_TRUE(lock.IsHeldBy(pthread_self()));
+    EXPECT_TRUE(lock.IsHeldByCallingThread());
     lock.Unlock();
-    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
+    EXPECT_FALSE(lock.IsHeldByCallingThread());
 }
 
 }  // namespace

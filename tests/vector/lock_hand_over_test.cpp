@@ -21,7 +21,7 @@ struct ListenerWalk {
         for (int i = 0; i < listeners; ++i) {
             lock.Lock();
             lock.Unlock();
-            heldDuringCall.push_back(lock.IsHeldBy(pthread_self()));
+            heldDuringCall.push_back(lock.IsHeldByCallingThread());
         }
     }
 };
@@ -33,23 +33,23 @@ TEST(ChangeAndNotifyUnderLock, ChangeRunsUnderTheLockAndListenersRunUnlocked) {
     const HRESULT hr = ChangeAndNotifyUnderLock(
         lock,
         [&] {
-            heldDuringChange = lock.IsHeldBy(pthread_self());
+            heldDuringChange = lock.IsHeldByCallingThread();
             return S_OK;
         },
         walk);
     EXPECT_EQ(hr, S_OK);
     EXPECT_TRUE(heldDuringChange);
     EXPECT_EQ(walk.heldDuringCall, (std::vector<bool>{false, false}));
-    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
+    EXPECT_FALSE(lock.IsHeldByCallingThread());
 }
 
 TEST(ChangeAndNotifyUnderLock, WithoutListenersTheClosingUnlockReleasesTheMutex) {
     CResourceLock lock;
     bool heldDuringNotify = false;
     ChangeAndNotifyUnderLock(
-        lock, [] { return S_OK; }, [&] { heldDuringNotify = lock.IsHeldBy(pthread_self()); });
+        lock, [] { return S_OK; }, [&] { heldDuringNotify = lock.IsHeldByCallingThread(); });
     EXPECT_TRUE(heldDuringNotify);
-    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
+    EXPECT_FALSE(lock.IsHeldByCallingThread());
 }
 
 TEST(ChangeAndNotifyUnderLock, ListenersAreToldOfAFailedChangeAndItsCodeIsReturned) {
@@ -68,10 +68,10 @@ TEST(ChangeThenNotify, ListenersAreToldAfterTheUnlock) {
     const HRESULT hr = ChangeThenNotify(
         lock,
         [&] {
-            heldDuringChange = lock.IsHeldBy(pthread_self());
+            heldDuringChange = lock.IsHeldByCallingThread();
             return S_OK;
         },
-        [&] { heldDuringNotify = lock.IsHeldBy(pthread_self()); });
+        [&] { heldDuringNotify = lock.IsHeldByCallingThread(); });
     EXPECT_EQ(hr, S_OK);
     EXPECT_TRUE(heldDuringChange);
     EXPECT_FALSE(heldDuringNotify);
@@ -84,7 +84,7 @@ TEST(ChangeThenNotify, AFailedChangeIsNotAnnounced) {
         lock, [] { return E_OUTOFMEMORY; }, [&] { ++told; });
     EXPECT_EQ(hr, E_OUTOFMEMORY);
     EXPECT_EQ(told, 0);
-    EXPECT_FALSE(lock.IsHeldBy(pthread_self()));
+    EXPECT_FALSE(lock.IsHeldByCallingThread());
 }
 
 }  // namespace
