@@ -6,6 +6,7 @@
 #include "calendar/hebrew.h"
 #include "date_fields.h"
 #include "time/conversions.h"
+#include "time/linux_epoch.h"
 
 namespace {
 
@@ -37,6 +38,18 @@ TEST(SDHebrew, ReusedWhenSetAndFilledWhenZero) {
     JDNtoHebrew(739164.0, &out, 0);
     EXPECT_EQ(SDHebrew, -1373426.0);
     EXPECT_EQ(DateOf(out), (Ymd{5785, 7, 1}));
+}
+
+}  // namespace
+
+namespace {
+
+TEST(SDLinux, ReusedWhenSetAndFilledWhenZero) {
+    SDLinux = 500.0;
+    EXPECT_EQ(LinuxEpochStarDate(), 500.0);
+    SDLinux = 0.0;
+    EXPECT_EQ(LinuxEpochStarDate(), 719165.0);
+    EXPECT_EQ(SDLinux, 719165.0);
 }
 
 }  // namespace
