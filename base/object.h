@@ -77,9 +77,8 @@ protected:
     }
 
 private:
-    // Out of line, so that a Release that keeps the object needs no saved
-    // registers. Returns 0, the count a destroyed object reports.
-    [[gnu::noinline]] std::int32_t Destroy() {
+    // Returns 0, the count a destroyed object reports.
+    std::int32_t Destroy() {
         FinalRelease();
         delete static_cast<T*>(this);
         return 0;

@@ -62,15 +62,14 @@ std::int64_t YearStartDay(std::int64_t year, int flag) noexcept {
     return cal::StartOfHebrewYear(year, flag).Day();
 }
 
-// Years outside the table, from the rules on each call; kept out of line so
-// that the table path stays a few instructions. Only Heshvan and Kislev
-// depend on the year length.
-[[gnu::noinline]] int ComputedMonthShape(std::int16_t year, int flag, bool needsYearLength) noexcept {
+// Years outside the table, from the rules on each call. Only Heshvan and
+// Kislev depend on the year length.
+int ComputedMonthShape(std::int16_t year, int flag, bool needsYearLength) noexcept {
     return cal::HebrewMonthShape(needsYearLength ? cal::HebrewYearLength(year, flag) : 0,
                                  cal::HebrewLeapYear(year, flag));
 }
 
-[[gnu::noinline]] short ComputedDaysInYear(short year, int flag, short* postponement) noexcept {
+short ComputedDaysInYear(short year, int flag, short* postponement) noexcept {
     if (flag != 0) return static_cast<short>(cal::MonthCountYearLength(year));
     if (postponement) *postponement = static_cast<short>(cal::StartOfHebrewYear(year, flag).postponement);
     return static_cast<short>(cal::ElapsedDaysYearLength(year));

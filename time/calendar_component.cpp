@@ -58,13 +58,9 @@ HRESULT CCalendar::SetDate(short day, short month, short year) {
         m_dateTime.Day = day;
         m_dateTime.Month = month;
         m_dateTime.Year = year;
-        return UpdateStarDate();
+    } else {
+        CarryDate(m_kind, day, month, year, m_dateTime);
     }
-    return SetCarriedDate(day, month, year);
-}
-
-HRESULT CCalendar::SetCarriedDate(short day, short month, short year) {
-    CarryDate(m_kind, day, month, year, m_dateTime);
     return UpdateStarDate();
 }
 

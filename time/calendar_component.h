@@ -54,10 +54,6 @@ private:
     CCalendar() = default;
     ~CCalendar() = default;
 
-    // SetDate for a date that carries; out of line so that the common case
-    // needs no frame.
-    [[gnu::noinline]] HRESULT SetCarriedDate(short day, short month, short year);
-
     tagDATETIME m_dateTime;       // the instant in the selected calendar
     double m_starDate = 0.0;      // the same instant as a day count
     std::int32_t m_kind = 0;      // calendar kind, 0 = Gregorian

@@ -120,8 +120,9 @@ protected:
     std::unique_ptr<std::unique_ptr<AdviseEntry>[]> table;
 
 private:
-    // Kept out of line so that firing with no listener (the common case)
-    // stays a read and a test inside the caller.
+    // Firing with no listener (the common case) stays a read and a test in
+    // the caller; the walk is out of line, which the append benchmark shows
+    // pays.
     template <class Call>
     [[gnu::noinline]] void NotifyEach(std::int32_t listeners, Call& call) {
         for (std::int32_t i = 0; i < listeners; ++i) {
