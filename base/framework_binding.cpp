@@ -1,4 +1,5 @@
 #include "base/framework_binding.h"
+#include "base/counted_text.h"
 
 #include <dlfcn.h>
 
@@ -61,7 +62,7 @@ __attribute__((weak)) CREATEFUNCTION MODULECreateFunction(tagREFString module, t
 IComponentCollection* GLOBALComponents() {
     if (!gGlobalComponentCollection) {
         CREATEFUNCTION create =
-            MODULECreateFunction(tagREFString{13, L"CollectionsEx"}, tagREFString{25, L"GlobalComponentCollection"});
+            MODULECreateFunction(CountedText(L"CollectionsEx"), CountedText(L"GlobalComponentCollection"));
         if (create) {
             void* slot = nullptr;
             create(nullptr, &IID_IComponentCollection, &slot);

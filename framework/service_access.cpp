@@ -1,14 +1,15 @@
 // The framework's string, collection and variant services, each found once
 // per process and then asked for a new object on every call.
+#include "base/counted_text.h"
 #include "base/framework_binding.h"
 #include "base/iids.h"
 #include "framework/ref_string.h"
 
 namespace {
 
-constexpr tagREFString kServiceModule{13, L"CollectionsEx"};
-constexpr tagREFString kDescriptorClass{15, L"ComponentString"};
-constexpr tagREFString kDescriptorLibrary{11, L"Collections"};
+constexpr tagREFString kServiceModule = CountedText(L"CollectionsEx");
+constexpr tagREFString kDescriptorClass = CountedText(L"ComponentString");
+constexpr tagREFString kDescriptorLibrary = CountedText(L"Collections");
 
 // A new component descriptor from the services module's "ComponentString"
 // class, or null when the module cannot be loaded or does not serve it. The
@@ -44,15 +45,15 @@ Service* CreateService(SmartPtr<IComponentString>& cache, const tagREFString& co
 
 ICreatableString* CREFString::CreateString() {
     static SmartPtr<IComponentString> gStringComponent;
-    return CreateService<ICreatableString>(gStringComponent, {15, L"CreatableString"}, IID_ICreatableString);
+    return CreateService<ICreatableString>(gStringComponent, CountedText(L"CreatableString"), IID_ICreatableString);
 }
 
 ISuperCollection* CREFString::CreateCollection() {
     static SmartPtr<IComponentString> gCollectionComponent;
-    return CreateService<ISuperCollection>(gCollectionComponent, {15, L"SuperCollection"}, IID_ISuperCollection);
+    return CreateService<ISuperCollection>(gCollectionComponent, CountedText(L"SuperCollection"), IID_ISuperCollection);
 }
 
 IVariant* CREFString::CreateVariant() {
     static SmartPtr<IComponentString> gVariantComponent;
-    return CreateService<IVariant>(gVariantComponent, {7, L"Variant"}, IID_IVariant);
+    return CreateService<IVariant>(gVariantComponent, CountedText(L"Variant"), IID_IVariant);
 }

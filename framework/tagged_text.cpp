@@ -1,5 +1,6 @@
 // One element out of XML-like text.
 #include "framework/tagged_text.h"
+#include "base/counted_text.h"
 
 namespace {
 
@@ -60,8 +61,8 @@ tagREFString After(const tagREFString& text, std::int32_t count) { return {text.
 
 HRESULT XMLGetTAGGED(CREFString& source, CREFString& tag, CREFString& attributes, CREFString& content, short advance) {
     const tagREFString name = ElementName(tag);
-    const TagPattern opening{{1, L"<"}, name, {0, L""}};
-    const TagPattern closing{{2, L"</"}, name, {1, L">"}};
+    const TagPattern opening{CountedText(L"<"), name, CountedText(L"")};
+    const TagPattern closing{CountedText(L"</"), name, CountedText(L">")};
 
     content.string = source.string;
     content.length = source.length;

@@ -1,4 +1,5 @@
 #include "time/calendar_component.h"
+#include "base/counted_text.h"
 
 #include <cmath>
 
@@ -10,7 +11,7 @@
 #include "time/truncation.h"
 
 template <>
-const tagREFString IObjectInfoImpl<CCalendar>::m_ObjectName{4, L"Time"};
+const tagREFString IObjectInfoImpl<CCalendar>::m_ObjectName = CountedText(L"Time");
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "time/generic_calendar.h"
+#include "base/counted_text.h"
 
 #include "base/framework_binding.h"
 #include "base/iids.h"
@@ -30,7 +31,9 @@ double ReadEpochOffset(IString* name) {
     SmartPtr<IComponentCollection> collection(GLOBALComponents());
     if (!collection) return kFailedQueryOffset;
     SmartPtr<IRegistry> registry;
-    if (FAILED(collection->GetComponent(8, L"Registry", &IID_IRegistry, registry.put_void())) || !registry) {
+    constexpr tagREFString kRegistry = CountedText(L"Registry");
+    if (FAILED(collection->GetComponent(kRegistry.length, kRegistry.string, &IID_IRegistry, registry.put_void())) ||
+        !registry) {
         return kFailedQueryOffset;
     }
     SmartPtr<IString> section(ISCreate(L"Calendar"));

@@ -1,9 +1,10 @@
 #include "vector/dbl_buffer.h"
+#include "base/counted_text.h"
 
 #include "vector/lock_hand_over.h"
 
 template <>
-const tagREFString IObjectInfoImpl<CDblBuffer>::m_ObjectName{9, L"DblBuffer"};
+const tagREFString IObjectInfoImpl<CDblBuffer>::m_ObjectName = CountedText(L"DblBuffer");
 
 namespace {
 
