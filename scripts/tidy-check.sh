@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 if [ ! -f build/dev/compile_commands.json ]; then
   cmake --preset dev >/dev/null
 fi
-mapfile -t files < <(git ls-files 'module/*.cpp' 'framework/*.cpp' 'calendar/*.cpp' 'time/*.cpp' 'persist/*.cpp' \
+mapfile -t files < <(git ls-files 'base/*.cpp' 'module/*.cpp' 'framework/*.cpp' 'calendar/*.cpp' 'time/*.cpp' 'persist/*.cpp' \
   'vector/*.cpp' 'hostkit/*.cpp' 'hostkit/streams/*.cpp' 'tools/*.cpp')
 log=$(mktemp)
 printf '%s\n' "${files[@]}" | xargs -P2 -n4 clang-tidy -p build/dev --quiet --warnings-as-errors='*' >"$log" 2>/dev/null || {
