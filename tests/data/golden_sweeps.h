@@ -18,6 +18,7 @@
 #include "calendar/hebrew.h"
 #include "calendar/hebrew_year.h"
 #include "calendar/month_rules.h"
+#include "tests/calendar/date_fields.h"
 #include "time/calendar_classes.h"
 #include "time/conversions.h"
 #include "time/generic_calendar.h"
@@ -78,14 +79,7 @@ inline tagDATETIME PresetRecord() {
 }
 
 inline tagDATETIME Record(int year, int month, int day, int hour = 0, int minute = 0, float second = 0.0f) {
-    tagDATETIME d;
-    d.Year = static_cast<std::int16_t>(year);
-    d.Month = static_cast<std::int16_t>(month);
-    d.Day = static_cast<std::int16_t>(day);
-    d.Hour = static_cast<std::int16_t>(hour);
-    d.Minute = static_cast<std::int16_t>(minute);
-    d.Second = second;
-    return d;
+    return MakeDate(year, month, day, hour, minute, second);
 }
 
 inline double QuietNaNWithPayload(std::uint64_t payload, bool negative) {
