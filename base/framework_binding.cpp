@@ -1,5 +1,4 @@
 #include "base/framework_binding.h"
-#include "base/counted_text.h"
 
 #include <dlfcn.h>
 
@@ -10,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "base/counted_text.h"
 #include "base/iids.h"
 
 namespace {

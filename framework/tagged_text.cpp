@@ -1,5 +1,6 @@
 // One element out of XML-like text.
 #include "framework/tagged_text.h"
+
 #include "base/counted_text.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include "time/calendar_component.h"
-#include "base/counted_text.h"
 
 #include <cmath>
 
+#include "base/counted_text.h"
 #include "time/calendar_kinds.h"
 #include "time/clock.h"
 #include "time/date_normalisation.h"

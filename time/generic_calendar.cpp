@@ -1,6 +1,6 @@
 #include "time/generic_calendar.h"
-#include "base/counted_text.h"
 
+#include "base/counted_text.h"
 #include "base/framework_binding.h"
 #include "base/iids.h"
 #include "calendar/registry_decimal.h"

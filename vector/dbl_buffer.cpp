@@ -1,6 +1,6 @@
 #include "vector/dbl_buffer.h"
-#include "base/counted_text.h"
 
+#include "base/counted_text.h"
 #include "vector/lock_hand_over.h"
 
 template <>
