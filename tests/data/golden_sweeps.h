@@ -12,6 +12,7 @@
 #include <cstring>
 #include <limits>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "calendar/day_numbers.h"
@@ -32,15 +33,20 @@ namespace golden {
 // 64-bit FNV-1a over the exact bytes of every result, in the order added.
 class Digest {
 public:
+    // Every not-a-number counts as one value: which sign and payload an
+    // operation on not-a-number carries follows the compiler's order of
+    // operands (it differs between optimised and debug builds), not the
+    // arithmetic.
     template <class T>
     void Add(const T& value) {
         static_assert(std::is_trivially_copyable_v<T>);
-        unsigned char bytes[sizeof(T)];
-        std::memcpy(bytes, &value, sizeof(T));
-        for (unsigned char b : bytes) {
-            hash_ ^= b;
-            hash_ *= 0x100000001b3ULL;
+        if constexpr (std::is_floating_point_v<T>) {
+            if (std::isnan(value)) {
+                AddBytes(std::numeric_limits<T>::quiet_NaN());
+                return;
+            }
         }
+        AddBytes(value);
     }
     // One case: the count of cases is kept beside the hash.
     void Case() { ++cases_; }
@@ -49,6 +55,16 @@ public:
     std::int64_t Cases() const { return cases_; }
 
 private:
+    template <class T>
+    void AddBytes(const T& value) {
+        unsigned char bytes[sizeof(T)];
+        std::memcpy(bytes, &value, sizeof(T));
+        for (unsigned char b : bytes) {
+            hash_ ^= b;
+            hash_ *= 0x100000001b3ULL;
+        }
+    }
+
     std::uint64_t hash_ = 0xcbf29ce484222325ULL;
     std::int64_t cases_ = 0;
 };
