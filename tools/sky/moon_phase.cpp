@@ -17,15 +17,15 @@ constexpr double kKilometresPerAstronomicalUnit = 149597870.7;
 
 // The Sun's apparent longitude without nutation: nutation moves both
 // apparent longitudes alike and drops out of the phase angle.
-double SunLongitudeWithoutNutation(const SolarPosition& sun) noexcept {
+double SunLongitudeWithoutNutation(const SolarOrbitPoint& sun) noexcept {
     return sun.trueLongitude + SolarAberration(sun.distance);
 }
 
 }  // namespace
 
 double MoonPhaseAngleAtTerrestrial(double terrestrialCenturies) noexcept {
-    const SolarPosition sun = SolarPositionAt(terrestrialCenturies);
-    return OneTurn(LunarLongitudeAt(terrestrialCenturies) - SunLongitudeWithoutNutation(sun));
+    return OneTurn(LunarLongitudeAt(terrestrialCenturies) -
+                   SunLongitudeWithoutNutation(SolarOrbitPointAt(terrestrialCenturies)));
 }
 
 double MoonPhaseAngle(double universalJulianDate) noexcept {
@@ -38,7 +38,7 @@ MoonPhase MoonPhaseAt(double universalJulianDate) noexcept {
         return {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()};
     }
     const double t = JulianCenturies(TerrestrialJulianDate(universalJulianDate));
-    const SolarPosition sun = SolarPositionAt(t);
+    const SolarOrbitPoint sun = SolarOrbitPointAt(t);
     const LunarPosition moon = LunarPositionAt(t);
     const double longitudeApart = moon.longitude - SunLongitudeWithoutNutation(sun);
     const double elongation = std::acos(CosDegrees(moon.latitude) * CosDegrees(longitudeApart)) * kDegreesPerRadian;

@@ -24,16 +24,20 @@ constexpr std::array<double, 2> kMoonNode{125.04, -1934.136};
 
 }  // namespace
 
-SolarPosition SolarPositionAt(double terrestrialCenturies) noexcept {
+SolarOrbitPoint SolarOrbitPointAt(double terrestrialCenturies) noexcept {
     const double t = terrestrialCenturies;
     const double anomaly = Polynomial(kMeanAnomaly, t) * kRadiansPerDegree;
     const double centre = Polynomial(kCentreFirst, t) * std::sin(anomaly) +
                           Polynomial(kCentreSecond, t) * std::sin(2.0 * anomaly) +
                           kCentreThird * std::sin(3.0 * anomaly);
-    const double trueLongitude = Polynomial(kMeanLongitude, t) + centre;
     const double e = Polynomial(kEccentricity, t);
-    const double distance = 1.000001018 * (1.0 - e * e) / (1.0 + e * std::cos(anomaly + centre * kRadiansPerDegree));
+    return {Polynomial(kMeanLongitude, t) + centre,
+            1.000001018 * (1.0 - e * e) / (1.0 + e * std::cos(anomaly + centre * kRadiansPerDegree))};
+}
 
+SolarPosition SolarPositionAt(double terrestrialCenturies) noexcept {
+    const double t = terrestrialCenturies;
+    const auto [trueLongitude, distance] = SolarOrbitPointAt(t);
     const double node = Polynomial(kMoonNode, t) * kRadiansPerDegree;
     const double apparentLongitude = trueLongitude - 0.00569 - 0.00478 * std::sin(node);
     const double obliquity = (MeanObliquity(t) + 0.00256 * std::cos(node)) * kRadiansPerDegree;

@@ -11,8 +11,15 @@ struct SolarPosition {
     double distance;           // astronomical units, [0.983, 1.017]
 };
 
-// The argument is Julian centuries of TT from J2000.
+// The geometric part alone, for the Moon's phase.
+struct SolarOrbitPoint {
+    double trueLongitude;  // degrees, not reduced to one turn: geometric, on the mean ecliptic and equinox of date
+    double distance;       // astronomical units, [0.983, 1.017]
+};
+
+// The arguments are Julian centuries of TT from J2000.
 SolarPosition SolarPositionAt(double terrestrialCenturies) noexcept;
+SolarOrbitPoint SolarOrbitPointAt(double terrestrialCenturies) noexcept;
 
 // The shift of the Sun's apparent longitude by the Earth's motion
 // (aberration), in degrees, at a distance in astronomical units.

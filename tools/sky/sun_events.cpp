@@ -65,11 +65,12 @@ double SunPath::HourAngle(double julianDate) const noexcept {
     return HalfTurn(localSiderealAtMiddle_ + kSiderealDegreesPerDay * days - rightAscension_.At(days));
 }
 
+double SunPath::CosReachingHourAngle(double declination, double sinAltitude) const noexcept {
+    return (sinAltitude - sinLatitude_ * SinDegrees(declination)) / (cosLatitude_ * CosDegrees(declination));
+}
+
 double SunPath::ReachingHourAngle(double declination, double sinAltitude) const noexcept {
-    const double cosDeclination = CosDegrees(declination);
-    const double cosHour = (sinAltitude - sinLatitude_ * SinDegrees(declination)) /
-                           (cosLatitude_ * cosDeclination);  // outside [-1, 1]: never reached
-    return std::acos(std::clamp(cosHour, -1.0, 1.0)) * kDegreesPerRadian;
+    return std::acos(std::clamp(CosReachingHourAngle(declination, sinAltitude), -1.0, 1.0)) * kDegreesPerRadian;
 }
 
 double SunPath::Solve(double guess, double sign, double sinAltitude) const noexcept {
@@ -80,12 +81,10 @@ double SunPath::Solve(double guess, double sign, double sinAltitude) const noexc
         when += move;
         if (std::fabs(move) < kConverged) break;
     }
-    // Where the sun only grazes the altitude the search settles on a
-    // culmination; whether it really reaches the altitude decides.
-    const double declination = declination_.At(when - middle_);
-    const double cosHour =
-        (sinAltitude - sinLatitude_ * SinDegrees(declination)) / (cosLatitude_ * CosDegrees(declination));
-    return std::fabs(cosHour) <= 1.0 ? when : std::numeric_limits<double>::quiet_NaN();
+    // Where the sun does not reach the altitude the search settles on a
+    // culmination; whether it reaches it there decides.
+    const bool reaches = std::fabs(CosReachingHourAngle(declination_.At(when - middle_), sinAltitude)) <= 1.0;
+    return reaches ? when : std::numeric_limits<double>::quiet_NaN();
 }
 
 SunCrossings SunPath::Crossings(double altitude) const noexcept {

@@ -82,6 +82,9 @@ private:
     // The time near the guess when the hour angle is sign * the one where
     // the sun stands at the altitude; NaN when the sun does not reach it then.
     double Solve(double guess, double sign, double sinAltitude) const noexcept;
+    // The hour angle (degrees, [0, 180]) where the sun at a declination
+    // stands at the altitude; its cosine leaves [-1, 1] where it never does.
+    double CosReachingHourAngle(double declination, double sinAltitude) const noexcept;
     double ReachingHourAngle(double declination, double sinAltitude) const noexcept;
 
     double start_;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "sky/angles.h"
+
 namespace timetool::sky {
 namespace {
 
@@ -20,6 +22,15 @@ TEST(SolarPositionAt, ReachesTheSolsticeDeclination) {
     const SolarPosition sun = SolarPositionAt((2460482.369 - 2451545.0) / 36525.0);
     EXPECT_NEAR(sun.apparentLongitude, 90.0, 0.01);
     EXPECT_NEAR(sun.declination, 23.44, 0.01);
+}
+
+TEST(SolarOrbitPointAt, IsTheGeometricPartOfThePosition) {
+    for (double t = -30.0; t <= 10.0; t += 0.377) {
+        const SolarOrbitPoint point = SolarOrbitPointAt(t);
+        const SolarPosition sun = SolarPositionAt(t);
+        EXPECT_EQ(sun.trueLongitude, OneTurn(point.trueLongitude)) << t;
+        EXPECT_EQ(sun.distance, point.distance) << t;
+    }
 }
 
 TEST(SolarAberration, IsTwentyArcsecondsAtOneUnit) {
