@@ -13,7 +13,9 @@
 namespace timetool::sky {
 namespace {
 
+using testing::JulianDateAt;
 using testing::kSecondsPerDay;
+using testing::NearThePresent;
 using testing::ReferenceRows;
 
 // Degrees. The series are fitted near the present; the two models part by
@@ -22,8 +24,9 @@ using testing::ReferenceRows;
 constexpr double kNearTolerance = 0.012;
 constexpr double kFarTolerance = 0.05;
 
-bool NearThePresent(double julianDate) { return julianDate >= 2268923.5 && julianDate < 2634166.5; }  // 1500 to 2500
-bool Modern(double julianDate) { return julianDate >= 2415020.5 && julianDate < 2488069.5; }          // 1900 to 2100
+bool Modern(double julianDate) {
+    return julianDate >= JulianDateAt(1900, 1, 1, 0, 0) && julianDate < JulianDateAt(2100, 1, 1, 0, 0);
+}
 
 double AngleTolerance(double julianDate) { return NearThePresent(julianDate) ? kNearTolerance : kFarTolerance; }
 

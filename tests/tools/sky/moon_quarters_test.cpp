@@ -15,7 +15,9 @@
 namespace timetool::sky {
 namespace {
 
+using testing::JulianDateAt;
 using testing::kSecondsPerDay;
+using testing::NearThePresent;
 using testing::ReferenceRows;
 
 // Seconds. The series are fitted near the present: from 1500 to 2500 the two
@@ -23,12 +25,6 @@ using testing::ReferenceRows;
 // within five minutes.
 constexpr double kQuarterTolerance = 120.0;
 constexpr double kFarQuarterTolerance = 300.0;
-
-bool NearThePresent(double julianDate) { return julianDate >= 2268923.5 && julianDate < 2634166.5; }  // 1500 to 2500
-
-double JulianDateAt(std::int64_t year, unsigned month, unsigned day, int hour, int minute) {
-    return JulianDateAtMidnight(DaysFromCivil(year, month, day)) + (hour * 60 + minute) / 1440.0;
-}
 
 MoonQuarter QuarterOfRow(const nlohmann::json& row) { return static_cast<MoonQuarter>(row["quarter"].get<int>()); }
 

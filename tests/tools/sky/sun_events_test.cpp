@@ -13,6 +13,7 @@
 namespace timetool::sky {
 namespace {
 
+using testing::JulianDateAt;
 using testing::kSecondsPerDay;
 using testing::ReferenceRows;
 
@@ -118,10 +119,6 @@ TEST(SunDayAt, AgreesOnTheDaysPolarDayAndNightBeginAndEnd) {
     }
     EXPECT_GE(boundaries, 12);  // four kinds of boundary at each of three polar places, at least
     EXPECT_GT(halfPairs, 0);
-}
-
-double JulianDateAt(std::int64_t year, unsigned month, unsigned day, int hour, int minute) {
-    return JulianDateAtMidnight(DaysFromCivil(year, month, day)) + (hour * 60 + minute) / 1440.0;
 }
 
 // A day a reader can check against any almanac: at the module's default
