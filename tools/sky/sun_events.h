@@ -3,8 +3,10 @@
 
 #include <cstdint>
 #include <limits>
+#include <string_view>
 
 #include "julian_date.h"
+#include "known_years.h"
 
 namespace timetool::sky {
 
@@ -26,6 +28,23 @@ enum class SunAbsence : std::uint8_t {
     UnknownYears,  // outside the years Earth's rotation is known for (known_years.h)
     InvalidPlace,  // latitude or longitude out of range, or not a number
 };
+
+// What a person reads where the time would be.
+constexpr std::string_view DescribeAbsence(SunAbsence absence) noexcept {
+    switch (absence) {
+        case SunAbsence::None:
+            return "";
+        case SunAbsence::PolarDay:
+            return "polar day";
+        case SunAbsence::PolarNight:
+            return "polar night";
+        case SunAbsence::UnknownYears:
+            return kUnknownYearsReason;
+        case SunAbsence::InvalidPlace:
+            return "no such place";
+    }
+    return "";
+}
 
 struct SunEvent {
     double julianDate = std::numeric_limits<double>::quiet_NaN();  // UT; NaN when absent

@@ -191,6 +191,15 @@ TEST(SunDayAt, RefusesAPlaceOutOfRange) {
     }
 }
 
+TEST(DescribeAbsence, NamesEachReason) {
+    EXPECT_EQ(DescribeAbsence(SunAbsence::None), "");
+    EXPECT_EQ(DescribeAbsence(SunAbsence::PolarDay), "polar day");
+    EXPECT_EQ(DescribeAbsence(SunAbsence::PolarNight), "polar night");
+    EXPECT_EQ(DescribeAbsence(SunAbsence::UnknownYears),
+              "Earth's rotation is not known well enough outside the years -1000 to 3000");
+    EXPECT_EQ(DescribeAbsence(SunAbsence::InvalidPlace), "no such place");
+}
+
 TEST(SunPath, CrossesAnyAltitude) {
     // The sun at Quito on an equinox climbs nearly straight up: it passes
     // 30 degrees about two hours after crossing the horizon.
