@@ -2,7 +2,7 @@
 
 #include <array>
 #include <cmath>
-#include <cstdlib>
+#include <cstddef>
 
 #include "angles.h"
 #include "lunar_terms.h"
@@ -42,59 +42,63 @@ struct Rotation {
     constexpr Rotation Reversed() const noexcept { return {cos, -sin}; }
 };
 
-// The rotations by 0, 1, ..., N times an angle.
+// The rotations by -N, ..., N times an angle, at index k + N.
 template <std::size_t N>
-std::array<Rotation, N + 1> Multiples(double degrees) noexcept {
-    std::array<Rotation, N + 1> turns{};
+std::array<Rotation, 2 * N + 1> Multiples(double degrees) noexcept {
+    std::array<Rotation, 2 * N + 1> turns{};
     const double radians = degrees * kRadiansPerDegree;
-    turns[1] = {std::cos(radians), std::sin(radians)};
-    for (std::size_t k = 2; k <= N; ++k) turns[k] = turns[k - 1] * turns[1];
+    const Rotation once{std::cos(radians), std::sin(radians)};
+    for (std::size_t k = 1; k <= N; ++k) {
+        turns[N + k] = turns[N + k - 1] * once;
+        turns[N - k] = turns[N + k].Reversed();
+    }
     return turns;
 }
 
-template <std::size_t N>
-Rotation Multiple(const std::array<Rotation, N>& turns, int k) noexcept {
-    return k >= 0 ? turns[static_cast<std::size_t>(k)] : turns[static_cast<std::size_t>(-k)].Reversed();
+// Where a multiple of [-most, most] sits in its table of rotations.
+constexpr std::size_t Index(std::ptrdiff_t multiple, std::ptrdiff_t most) noexcept {
+    return static_cast<std::size_t>(multiple + most);
 }
 
 struct Arguments {
     double t;
     double meanLongitude;
-    double eccentricityFactor;
-    std::array<Rotation, 5> elongation;     // multiples 0 to 4 of D
-    std::array<Rotation, 3> sunAnomaly;     // of M
-    std::array<Rotation, 5> moonAnomaly;    // of M'
-    std::array<Rotation, 4> latitudeAngle;  // of F
     double moonAnomalyDegrees;
     double latitudeAngleDegrees;
+    // D and M together, the pairs the terms use, each scaled by the
+    // eccentricity factor once for every multiple of M.
+    std::array<std::array<Rotation, 5>, 5> elongationAndSun;  // [D 0 to 4][M -2 to 2]
+    std::array<Rotation, 9> moonAnomaly;                      // M' -4 to 4
+    std::array<Rotation, 7> latitudeAngle;                    // F -3 to 3
 };
 
 Arguments ArgumentsAt(double t) noexcept {
-    const double moonAnomaly = Polynomial(kMoonMeanAnomaly, t);
-    const double latitudeAngle = Polynomial(kArgumentOfLatitude, t);
-    return {
-        t,
-        Polynomial(kMeanLongitude, t),
-        Polynomial(kEccentricityFactor, t),
-        Multiples<4>(Polynomial(kMeanElongation, t)),
-        Multiples<2>(Polynomial(kSunMeanAnomaly, t)),
-        Multiples<4>(moonAnomaly),
-        Multiples<3>(latitudeAngle),
-        moonAnomaly,
-        latitudeAngle,
-    };
+    Arguments a{};
+    a.t = t;
+    a.meanLongitude = Polynomial(kMeanLongitude, t);
+    a.moonAnomalyDegrees = Polynomial(kMoonMeanAnomaly, t);
+    a.latitudeAngleDegrees = Polynomial(kArgumentOfLatitude, t);
+    a.moonAnomaly = Multiples<4>(a.moonAnomalyDegrees);
+    a.latitudeAngle = Multiples<3>(a.latitudeAngleDegrees);
+
+    const std::array<Rotation, 9> elongation = Multiples<4>(Polynomial(kMeanElongation, t));
+    std::array<Rotation, 5> sun = Multiples<2>(Polynomial(kSunMeanAnomaly, t));
+    const double e = Polynomial(kEccentricityFactor, t);
+    for (std::size_t m = 0; m < sun.size(); ++m) {
+        const double factor = m == 2 ? 1.0 : (m == 1 || m == 3 ? e : e * e);  // E^|M|
+        sun[m] = {sun[m].cos * factor, sun[m].sin * factor};
+    }
+    for (std::size_t d = 0; d < 5; ++d) {
+        for (std::size_t m = 0; m < sun.size(); ++m) a.elongationAndSun[d][m] = elongation[4 + d] * sun[m];
+    }
+    return a;
 }
 
 // The rotation by a term's argument, scaled by the eccentricity factor of
 // its M.
 Rotation ScaledTerm(const Arguments& a, const LunarTerm& term) noexcept {
-    const Rotation r = a.elongation[static_cast<std::size_t>(term.elongation)] *
-                       Multiple(a.sunAnomaly, term.sunAnomaly) * Multiple(a.moonAnomaly, term.moonAnomaly) *
-                       Multiple(a.latitudeAngle, term.latitudeAngle);
-    const int power = std::abs(term.sunAnomaly);  // [0, 2]
-    const double factor =
-        power == 0 ? 1.0 : (power == 1 ? a.eccentricityFactor : a.eccentricityFactor * a.eccentricityFactor);
-    return {r.cos * factor, r.sin * factor};
+    return a.elongationAndSun[static_cast<std::size_t>(term.elongation)][Index(term.sunAnomaly, 2)] *
+           a.moonAnomaly[Index(term.moonAnomaly, 4)] * a.latitudeAngle[Index(term.latitudeAngle, 3)];
 }
 
 struct LongitudeAndDistance {
