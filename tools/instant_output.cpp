@@ -11,12 +11,8 @@ namespace {
 
 constexpr std::size_t kLabelWidth = 15;
 
-std::string SunEventText(const SunEventReport& event) {
-    return event.shown ? FormatUtcText(event.instant) + " UTC" : std::string("out of range");
-}
-
-std::string AbsenceText(SunAbsence absence) {
-    return absence == SunAbsence::PolarDay ? "polar day (the sun does not set)" : "polar night (the sun does not rise)";
+bool IsUnknownOrInvalid(sky::SunAbsence absence) {
+    return absence == sky::SunAbsence::UnknownYears || absence == sky::SunAbsence::InvalidPlace;
 }
 
 Json DateFieldsJson(const DateFields& fields) {
@@ -85,17 +81,8 @@ std::string InstantText(const InstantReport& report, const std::optional<Calenda
     out += LabelledLine("Julian Date", FormatFixed(report.julianDate, 6));
     out += LabelledLine("Linux time", report.linuxTime ? FormatLinuxTime(*report.linuxTime) : "out of range");
     out += LabelledLine("Weekday", std::string(WeekdayName(report.weekday)));
-    const std::string place =
-        " at " + FormatLatitude(report.location.latitude) + ", " + FormatLongitude(report.location.longitude);
-    if (report.sun.absence) {
-        out += LabelledLine("Sun", AbsenceText(*report.sun.absence) + place);
-    } else {
-        out += LabelledLine("Sunrise", SunEventText(report.sun.sunrise) + place);
-        out += LabelledLine("Sunset", SunEventText(report.sun.sunset));
-    }
-    out +=
-        LabelledLine("Moon phase", FormatFixed(report.moon.phase, 2) + "\xC2\xB0 " +
-                                       std::string(report.moon.name.name) + " " + std::string(report.moon.name.glyph));
+    out += SunText(report.sun, report.location);
+    out += MoonText(report.moon);
     return out;
 }
 
@@ -121,30 +108,100 @@ Json CalendarJson(const CalendarLine& line) {
     return json;
 }
 
-Json SunJson(const SunReport& sun) {
-    Json json{{"j0", sun.j0},
-              {"polar", nullptr},
-              {"sunrise", nullptr},
-              {"sunset", nullptr},
-              {"sunrise_days", nullptr},
-              {"sunset_days", nullptr},
-              {"sunrise_star_date", nullptr},
-              {"sunset_star_date", nullptr}};
-    if (sun.absence) {
-        json["polar"] = *sun.absence == SunAbsence::PolarDay ? "polar day" : "polar night";
-        return json;
+std::string FormatDegrees(double degrees) { return FormatFixed(degrees, 2) + "\xC2\xB0"; }
+
+std::string SunEventText(const SunEventReport& event) {
+    if (event.instant) return FormatUtcText(*event.instant) + " UTC";
+    return std::string(sky::DescribeAbsence(event.absence));
+}
+
+std::string ModuleSunText(const ModuleSunReport& module) {
+    if (!std::isfinite(module.sunriseDays) || !std::isfinite(module.sunsetDays)) {
+        return "none (not a number at this latitude)";
     }
-    if (sun.sunrise.shown) json["sunrise"] = FormatUtcIso(sun.sunrise.instant);
-    if (sun.sunset.shown) json["sunset"] = FormatUtcIso(sun.sunset.instant);
-    json["sunrise_days"] = sun.sunriseDays;
-    json["sunset_days"] = sun.sunsetDays;
-    json["sunrise_star_date"] = sun.sunrise.starDate;
-    json["sunset_star_date"] = sun.sunset.starDate;
+    return FormatFixed(module.sunriseDays, 6) + ", " + FormatFixed(module.sunsetDays, 6) + " days from J0 " +
+           FormatFixed(module.j0, 1);
+}
+
+std::string SunText(const SunReport& sun, const Location& location) {
+    const std::string place = " at " + FormatLatitude(location.latitude) + ", " + FormatLongitude(location.longitude);
+    std::string out;
+    if (!sun.sunrise.instant && IsUnknownOrInvalid(sun.sunrise.absence)) {
+        out += LabelledLine("Sun", std::string(sky::DescribeAbsence(sun.sunrise.absence)) + place);
+    } else {
+        out += LabelledLine("Sunrise", SunEventText(sun.sunrise) + place);
+        out += LabelledLine("Sunset", SunEventText(sun.sunset));
+        out += LabelledLine("Civil dawn", SunEventText(sun.civilDawn));
+        out += LabelledLine("Civil dusk", SunEventText(sun.civilDusk));
+    }
+    out += LabelledLine("Module sun", ModuleSunText(sun.module) + " (noon, 1 January)");
+    return out;
+}
+
+std::string MoonText(const MoonReport& moon) {
+    std::string out;
+    if (std::isfinite(moon.phase)) {
+        out += LabelledLine("Moon", FormatDegrees(moon.phase) + " " + std::string(moon.name.name) + " " +
+                                        std::string(moon.name.glyph) + ", " + FormatFixed(moon.illuminated * 100.0, 1) +
+                                        "% lit");
+    } else {
+        out += LabelledLine("Moon", std::string(sky::kUnknownYearsReason));
+    }
+    out += LabelledLine("Module moon", FormatDegrees(moon.modulePhase) + " (its mean lunation)");
+    return out;
+}
+
+namespace {
+
+Json EventJson(const SunEventReport& event) {
+    return event.instant ? Json(FormatUtcIso(*event.instant)) : Json(nullptr);
+}
+
+// The polar state of a pair of events: that of the first one missing for a
+// polar reason.
+Json PolarJson(const SunEventReport& first, const SunEventReport& second) {
+    for (const SunEventReport* event : {&first, &second}) {
+        if (event->absence == sky::SunAbsence::PolarDay || event->absence == sky::SunAbsence::PolarNight) {
+            return std::string(sky::DescribeAbsence(event->absence));
+        }
+    }
+    return nullptr;
+}
+
+// JSON has no not-a-number: the module's missing figures are null.
+Json NumberJson(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
+
+}  // namespace
+
+Json SunJson(const SunReport& sun) {
+    const CivilDate date = GregorianOfDay(sun.day);
+    Json json{{"date", FormatIsoDate(date.year, date.month, date.day)},
+              {"sunrise", EventJson(sun.sunrise)},
+              {"sunset", EventJson(sun.sunset)},
+              {"civil_dawn", EventJson(sun.civilDawn)},
+              {"civil_dusk", EventJson(sun.civilDusk)},
+              {"polar", PolarJson(sun.sunrise, sun.sunset)},
+              {"civil_polar", PolarJson(sun.civilDawn, sun.civilDusk)},
+              {"reason", nullptr}};
+    if (IsUnknownOrInvalid(sun.sunrise.absence)) json["reason"] = sky::DescribeAbsence(sun.sunrise.absence);
+    const ModuleSunReport& module = sun.module;
+    json["module"] = Json{{"j0", module.j0},
+                          {"sunrise_days", NumberJson(module.sunriseDays)},
+                          {"sunset_days", NumberJson(module.sunsetDays)},
+                          {"sunrise_star_date", NumberJson(module.j0 + module.sunriseDays)},
+                          {"sunset_star_date", NumberJson(module.j0 + module.sunsetDays)}};
     return json;
 }
 
 Json MoonJson(const MoonReport& moon) {
-    return Json{{"phase", static_cast<double>(moon.phase)}, {"name", moon.name.name}, {"glyph", moon.name.glyph}};
+    const bool known = std::isfinite(moon.phase);
+    return Json{{"utc", FormatUtcIso(moon.instant)},
+                {"phase", NumberJson(moon.phase)},
+                {"illuminated", NumberJson(moon.illuminated)},
+                {"name", known ? Json(moon.name.name) : Json(nullptr)},
+                {"glyph", known ? Json(moon.name.glyph) : Json(nullptr)},
+                {"reason", known ? Json(nullptr) : Json(sky::kUnknownYearsReason)},
+                {"module", Json{{"phase", static_cast<double>(moon.modulePhase)}}}};
 }
 
 Json InstantJson(const InstantReport& report, const CalendarDetail& detail) {

@@ -12,7 +12,7 @@ namespace timetool {
 using Json = nlohmann::ordered_json;
 
 // The version of every JSON document timetool prints (docs/timetool-json.md).
-inline constexpr int kJsonSchema = 2;
+inline constexpr int kJsonSchema = 3;
 
 // A document that starts with its "schema" key.
 Json JsonDocument();
@@ -34,8 +34,17 @@ std::string FormatLinuxTime(double seconds);
 
 std::string InstantText(const InstantReport& report, const std::optional<CalendarDetail>& detail);
 Json InstantJson(const InstantReport& report, const CalendarDetail& detail);
+// One day's sun and one instant's moon, the module's figures under "module".
 Json SunJson(const SunReport& sun);
 Json MoonJson(const MoonReport& moon);
+
+// "181.77°".
+std::string FormatDegrees(double degrees);
+// A sun event's UTC time, or what a person reads instead of one.
+std::string SunEventText(const SunEventReport& event);
+// The labelled lines of the sun and of the moon in the instant view.
+std::string SunText(const SunReport& sun, const Location& location);
+std::string MoonText(const MoonReport& moon);
 Json CalendarJson(const CalendarLine& line);
 
 // "15 Sivan 5784" under its calendar's title, padded like every label.

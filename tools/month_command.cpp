@@ -25,8 +25,18 @@ struct MonthDay {
     int day = 0;
     StarDay starDay = 0;
     int weekday = 0;
-    MoonReport moon;
+    MoonReport moon;                  // at noon UTC
+    std::optional<DayQuarter> quarter;  // a new, first-quarter, full or last-quarter moon within the UTC day
 };
+
+// A calendar marks the days of the four quarters; the days between carry the
+// crescent or gibbous glyph of their stretch, so each quarter's glyph stands
+// on exactly one day. Outside the known years a day carries no mark.
+std::string_view DayMark(const MonthDay& day) {
+    if (day.quarter) return QuarterName(day.quarter->quarter).glyph;
+    if (!std::isfinite(day.moon.phase)) return "";
+    return BetweenQuartersName(day.moon.phase).glyph;
+}
 
 // How far from the module's own day number of day 1 the month is looked for
 // in the module's own calendars: the mean Hebrew conversion of a date
@@ -73,11 +83,19 @@ std::vector<MonthDay> DaysOfMonth(ModuleDates& dates, int kind, const CivilDate&
         entry.day = date->day;
         entry.starDay = day;
         entry.weekday = WeekdayOfDay(day);
-        // The glyph shows the moon at noon UTC of the day.
         entry.moon = DescribeMoon(dates.session(), static_cast<double>(day) + 0.5);
         days.push_back(entry);
     }
+    if (!days.empty()) {
+        const std::vector<std::optional<DayQuarter>> quarters = QuartersOfDays(days.front().starDay, days.size());
+        for (std::size_t i = 0; i < days.size(); ++i) days[i].quarter = quarters[i];
+    }
     return days;
+}
+
+Json QuarterJson(const std::optional<DayQuarter>& quarter) {
+    if (!quarter) return nullptr;
+    return Json{{"name", QuarterName(quarter->quarter).name}, {"utc", FormatUtcIso(quarter->instant)}};
 }
 
 void RunMonth(const MonthOptions& options) {
@@ -109,7 +127,8 @@ void RunMonth(const MonthOptions& options) {
             rows.push_back(Json{{"day", day.day},
                                 {"weekday", day.weekday},
                                 {"star_date", static_cast<double>(day.starDay)},
-                                {"moon", MoonJson(day.moon)}});
+                                {"moon", MoonJson(day.moon)},
+                                {"quarter", QuarterJson(day.quarter)}});
         }
         Json json = JsonDocument();
         json["calendar"] = CalendarKindInfo(kind).key;
@@ -122,7 +141,7 @@ void RunMonth(const MonthOptions& options) {
     }
     std::vector<MonthGridDay> grid;
     grid.reserve(days.size());
-    for (const MonthDay& day : days) grid.push_back(MonthGridDay{day.day, day.weekday, day.moon.name.glyph});
+    for (const MonthDay& day : days) grid.push_back(MonthGridDay{day.day, day.weekday, DayMark(day)});
     std::cout << RenderMonthGrid(title, grid);
 }
 
@@ -131,7 +150,8 @@ void RunMonth(const MonthOptions& options) {
 void AddMonthCommand(CLI::App& app) {
     auto options = std::make_shared<MonthOptions>();
     CLI::App* command =
-        app.add_subcommand("month", "A month as a grid, weekdays as columns, the moon at noon UTC on each day");
+        app.add_subcommand("month", "A month as a grid, weekdays as columns; the days of new, first-quarter, full and last-quarter moon (UTC) "
+                       "carry their glyph, the days between a crescent or gibbous one");
     command
         ->add_option("YEAR-MONTH", options->month,
                      "the month, Y-MM (astronomical year, -43 = 44 BC) or Y-Name for a Hebrew month")

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <iostream>
 #include <memory>
 
@@ -18,6 +19,23 @@ struct MoonOptions {
     bool json = false;
 };
 
+std::string Padded(std::string text, std::size_t width) {
+    if (text.size() < width) text.resize(width, ' ');
+    return text;
+}
+
+std::string MoonRowText(const MoonReport& moon) {
+    std::string line = FormatUtcText(moon.instant) + "  ";
+    if (std::isfinite(moon.phase)) {
+        // The degree sign is two bytes and one column; the glyph takes two.
+        line += Padded(FormatDegrees(moon.phase), 11) + Padded(FormatFixed(moon.illuminated * 100.0, 1) + "%", 8) +
+                std::string(moon.name.glyph) + " " + Padded(std::string(moon.name.name), 18);
+    } else {
+        line += std::string(sky::kUnknownYearsReason) + "  ";
+    }
+    return line + FormatDegrees(moon.modulePhase) + "\n";
+}
+
 void RunMoon(const MoonOptions& options) {
     const int from = RequireKind("--from", options.from);
     const int days = RequireCount("--days", options.days, 1, 3660);
@@ -29,19 +47,14 @@ void RunMoon(const MoonOptions& options) {
                                            "': the days run past the years timetool shows (-32767 to 32767)"};
     }
     Json rows = Json::array();
-    std::string text = "Date and time (UTC)  Phase     Moon\n";
+    std::string text = "Date and time (UTC)  Phase     Lit     Moon                 Module\n";
     for (int i = 0; i < days; ++i) {
-        const double starDate = start + i;
-        const ExactInstant instant = SplitStarDate(starDate);
-        const MoonReport moon = DescribeMoon(context.session(), starDate);
-        Json row{{"utc", FormatUtcIso(instant)}};
-        const Json fields = MoonJson(moon);
-        for (auto field = fields.begin(); field != fields.end(); ++field) row[field.key()] = field.value();
-        rows.push_back(row);
-        const std::string number = FormatFixed(moon.phase, 2);
-        const std::string phase = number + "\xC2\xB0" + std::string(number.size() < 9 ? 9 - number.size() : 1, ' ');
-        text += FormatUtcText(instant) + "  " + phase + std::string(moon.name.glyph) + " " +
-                std::string(moon.name.name) + "\n";
+        const MoonReport moon = DescribeMoon(context.session(), start + i);
+        if (options.json) {
+            rows.push_back(MoonJson(moon));
+        } else {
+            text += MoonRowText(moon);
+        }
     }
     if (options.json) {
         Json json = JsonDocument();
@@ -56,7 +69,8 @@ void RunMoon(const MoonOptions& options) {
 
 void AddMoonCommand(CLI::App& app) {
     auto options = std::make_shared<MoonOptions>();
-    CLI::App* command = app.add_subcommand("moon", "Phase of the moon over one or more days");
+    CLI::App* command = app.add_subcommand(
+        "moon", "Phase of the moon over one or more days, with the module's mean-lunation phase beside it");
     command->add_option("WHEN", options->when, kWhenHelp)->required();
     command->add_option("--from", options->from, kFromHelp);
     command->add_option("--days", options->days, "number of days, 1 to 3660 (default 1)");

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <iostream>
 #include <memory>
 
@@ -20,10 +21,39 @@ struct SunOptions {
     bool json = false;
 };
 
-std::string EventCell(const SunEventReport& event) {
-    std::string cell = event.shown ? FormatUtcText(event.instant) : std::string("out of range");
-    cell.resize(19, ' ');
+constexpr std::size_t kEventCellWidth = 13;  // "polar night" and two blanks
+
+// "09:52:12", "01:16:40+1" for an event on the next UTC day, or the reason
+// it has none.
+std::string EventCell(const SunEventReport& event, StarDay rowDay) {
+    std::string cell;
+    if (event.instant) {
+        cell = FormatClock(event.instant->second);
+        const StarDay offset = event.instant->day - rowDay;
+        if (offset != 0) cell += (offset > 0 ? "+" : "") + std::to_string(offset);
+    } else {
+        cell = std::string(sky::DescribeAbsence(event.absence));
+    }
+    if (cell.size() < kEventCellWidth) cell.resize(kEventCellWidth, ' ');
     return cell;
+}
+
+std::string ModuleCell(const ModuleSunReport& module) {
+    if (!std::isfinite(module.sunriseDays) || !std::isfinite(module.sunsetDays)) return "none";
+    return FormatFixed(module.sunriseDays, 6) + "  " + FormatFixed(module.sunsetDays, 6);
+}
+
+std::string SunRowText(const SunReport& sun, const std::string& dateText) {
+    std::string line = dateText;
+    line.resize(13, ' ');
+    if (!sun.sunrise.instant && (sun.sunrise.absence == sky::SunAbsence::UnknownYears ||
+                                 sun.sunrise.absence == sky::SunAbsence::InvalidPlace)) {
+        line += std::string(sky::DescribeAbsence(sun.sunrise.absence)) + "  module " + ModuleCell(sun.module);
+        return line + "\n";
+    }
+    line += EventCell(sun.civilDawn, sun.day) + EventCell(sun.sunrise, sun.day) + EventCell(sun.sunset, sun.day) +
+            EventCell(sun.civilDusk, sun.day) + ModuleCell(sun.module);
+    return line + "\n";
 }
 
 void RunSun(const SunOptions& options) {
@@ -38,28 +68,17 @@ void RunSun(const SunOptions& options) {
                                            "': the days run past the years timetool shows (-32767 to 32767)"};
     }
     Json rows = Json::array();
-    std::string text = "Sunrise and sunset (UTC) at " + FormatLatitude(location.latitude) + ", " +
-                       FormatLongitude(location.longitude) + "\n";
-    text += "Date         Sunrise              Sunset\n";
+    std::string text = "Sun at " + FormatLatitude(location.latitude) + ", " + FormatLongitude(location.longitude) +
+                       " in UTC, for the solar day around each date's local mean noon (+1: on the next UTC day, -1: the day before)\n";
+    text += "Date         Civil dawn   Sunrise      Sunset       Civil dusk   Module sunrise, sunset (days from J0)\n";
     for (int i = 0; i < days; ++i) {
-        const double starDate = start + i;
-        const CivilDate date = GregorianOfDay(SplitStarDate(starDate).day);
-        const std::string dateText = FormatIsoDate(date.year, date.month, date.day);
-        const SunReport sun = DescribeSun(context.session(), starDate, location);
-        Json row{{"date", dateText}};
-        const Json fields = SunJson(sun);
-        for (auto field = fields.begin(); field != fields.end(); ++field) row[field.key()] = field.value();
-        rows.push_back(row);
-        std::string line = dateText;
-        line.resize(13, ' ');
-        if (sun.absence) {
-            line += *sun.absence == SunAbsence::PolarDay ? "polar day            polar day"
-                                                         : "polar night          polar night";
+        const SunReport sun = DescribeSun(context.session(), start + i, location);
+        if (options.json) {
+            rows.push_back(SunJson(sun));
         } else {
-            line += EventCell(sun.sunrise) + "  " + EventCell(sun.sunset);
-            while (line.back() == ' ') line.pop_back();
+            const CivilDate date = GregorianOfDay(sun.day);
+            text += SunRowText(sun, FormatIsoDate(date.year, date.month, date.day));
         }
-        text += line + "\n";
     }
     if (options.json) {
         Json json = JsonDocument();
@@ -76,7 +95,8 @@ void RunSun(const SunOptions& options) {
 
 void AddSunCommand(CLI::App& app) {
     auto options = std::make_shared<SunOptions>();
-    CLI::App* command = app.add_subcommand("sun", "Sunrise and sunset over one or more days, in UTC");
+    CLI::App* command = app.add_subcommand(
+        "sun", "Sunrise, sunset, civil dawn and dusk over one or more days, in UTC, with the module's figures");
     command->add_option("WHEN", options->when, kWhenHelp)->required();
     command->add_option("--from", options->from, kFromHelp);
     command->add_option("--lat", options->latitude, kLatitudeHelp);

@@ -233,7 +233,7 @@ TEST(TimetoolShow, DefaultViewAsJsonHasTheShowKeys) {
     for (auto entry = doc.begin(); entry != doc.end(); ++entry) keys.push_back(entry.key());
     EXPECT_EQ(keys, (std::vector<std::string>{"schema", "utc", "star_date", "julian_date", "linux_time", "weekday",
                                               "weekday_name", "calendars", "calendar", "location", "sun", "moon"}));
-    EXPECT_EQ(doc.at("schema"), 2);
+    EXPECT_EQ(doc.at("schema"), 3);
     EXPECT_EQ(doc.at("calendars").size(), 7u);
 }
 
@@ -330,7 +330,7 @@ TEST(TimetoolConvert, JsonListsTheTargets) {
     ASSERT_EQ(run.status, 0) << run.err;
     const json doc = json::parse(run.out);
     EXPECT_EQ(doc.size(), 5u);
-    EXPECT_EQ(doc.at("schema"), 2);
+    EXPECT_EQ(doc.at("schema"), 3);
     EXPECT_EQ(doc.at("from"), "gregorian");
     EXPECT_EQ(doc.at("star_date"), 739060.0);
     EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00Z");
@@ -449,7 +449,7 @@ TEST(TimetoolSun, JsonRowOfTheSolstice) {
     ASSERT_EQ(run.status, 0) << run.err;
     const nlohmann::ordered_json doc = nlohmann::ordered_json::parse(run.out);
     EXPECT_EQ(doc.size(), 4u);
-    EXPECT_EQ(doc.at("schema"), 2);
+    EXPECT_EQ(doc.at("schema"), 3);
     EXPECT_EQ(doc.at("latitude"), 43.3);
     EXPECT_EQ(doc.at("longitude"), -83.045);
     ASSERT_EQ(doc.at("days").size(), 1u);
@@ -575,7 +575,7 @@ TEST(TimetoolMonth, JsonDays) {
     ASSERT_EQ(run.status, 0) << run.err;
     const json doc = json::parse(run.out);
     EXPECT_EQ(doc.size(), 6u);
-    EXPECT_EQ(doc.at("schema"), 2);
+    EXPECT_EQ(doc.at("schema"), 3);
     EXPECT_EQ(doc.at("calendar"), "gregorian");
     EXPECT_EQ(doc.at("year"), 2024);
     EXPECT_EQ(doc.at("month"), 6);
@@ -620,7 +620,7 @@ TEST_P(TimetoolPersist, SaveThenLoadInAnotherProcess) {
     ASSERT_EQ(doc.status, 0) << doc.err;
     const json parsed = json::parse(doc.out);
     EXPECT_EQ(parsed.size(), 5u);
-    EXPECT_EQ(parsed.at("schema"), 2);
+    EXPECT_EQ(parsed.at("schema"), 3);
     EXPECT_EQ(parsed.at("file"), file);
     EXPECT_EQ(parsed.at("form"), form);
     EXPECT_EQ(parsed.at("stored"),
@@ -685,7 +685,7 @@ TEST(TimetoolWindow, PrintsEachNotificationAsAListener) {
 TEST(TimetoolWindow, JsonSteps) {
     const ToolRun run = RunTimetool({"window", "2", "--events", "--json"}, "7 8 9");
     ASSERT_EQ(run.status, 0) << run.err;
-    const json expected = json::parse(R"({"schema":2,"capacity":2,"events":[{"event":"SizeChanged"}],"steps":[
+    const json expected = json::parse(R"({"schema":3,"capacity":2,"events":[{"event":"SizeChanged"}],"steps":[
         {"value":7.0,"window":[7.0],"events":[{"event":"ElementChanged","index":-1}]},
         {"value":8.0,"window":[7.0,8.0],"events":[{"event":"ElementChanged","index":-1}]},
         {"value":9.0,"window":[8.0,9.0],"events":[{"event":"ElementChanged","index":-1}]}]})");

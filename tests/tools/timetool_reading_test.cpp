@@ -233,7 +233,7 @@ TEST_F(TimetoolReading, ShowJsonCarriesItsSchemaAndZuluTimes) {
     const CalendarDetail detail = DescribeCalendarDetail(context_.session(), report.calendars[0], report.instant.day);
     const Json json = InstantJson(report, detail);
     EXPECT_EQ(json.begin().key(), "schema");
-    EXPECT_EQ(json.at("schema"), 2);
+    EXPECT_EQ(json.at("schema"), 3);
     EXPECT_EQ(json.at("utc"), "2024-06-21T17:54:00Z");
     EXPECT_EQ(json.at("calendar").at("days_in_month"), 30);
     EXPECT_EQ(json.at("calendar").at("days_in_year"), 366);
