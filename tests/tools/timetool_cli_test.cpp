@@ -1,14 +1,17 @@
 // End-to-end tests of the built timetool. Expected values come from the
 // module's worked examples (star dates, 21 June 2024 sun and moon, the
 // month-13 and BC conventions), published calendar dates (15 Sivan 5784 is
-// 21 June 2024) and hand computation of the documented steps; clock times
-// are the module's star dates to the nearest second.
+// 21 June 2024), published 2024 new, quarter and full moon days, PyEphem's
+// sunrise, sunset and twilight (tests/tools/sky/data/sun_events.json, to
+// the second; timetool must be within a minute) and hand computation of the
+// documented steps.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <regex>
 
 #include "tool_runner.h"
 
@@ -17,7 +20,36 @@ namespace {
 using nlohmann::json;
 
 constexpr const char* kFullMoon = "\xF0\x9F\x8C\x95";
-constexpr const char* kLastQuarter = "\xF0\x9F\x8C\x97";
+
+constexpr const char* kNewMoon = "\xF0\x9F\x8C\x91";
+
+const std::regex kClock("([0-9]{2}):([0-9]{2}):([0-9]{2})");
+
+// The text with every clock time "HH:MM:SS" written "hh:mm:ss".
+std::string MaskClocks(const std::string& text) { return std::regex_replace(text, kClock, "hh:mm:ss"); }
+
+// The clock times of the text, in seconds of their day, in order.
+std::vector<int> ClocksOf(const std::string& text) {
+    std::vector<int> seconds;
+    for (auto match = std::sregex_iterator(text.begin(), text.end(), kClock); match != std::sregex_iterator();
+         ++match) {
+        seconds.push_back(std::stoi((*match)[1]) * 3600 + std::stoi((*match)[2]) * 60 + std::stoi((*match)[3]));
+    }
+    return seconds;
+}
+
+// Each clock time of the text within a minute of the reference "HH:MM:SS".
+void ExpectClocksNear(const std::string& text, const std::vector<std::string>& reference) {
+    const std::vector<int> clocks = ClocksOf(text);
+    ASSERT_EQ(clocks.size(), reference.size()) << text;
+    for (std::size_t i = 0; i < clocks.size(); ++i) {
+        const int expected = ClocksOf(reference[i]).at(0);
+        int off = clocks[i] - expected;
+        if (off > 43200) off -= 86400;
+        if (off < -43200) off += 86400;
+        EXPECT_LE(std::abs(off), 60) << text << " #" << i << " against " << reference[i];
+    }
+}
 
 // Lines of `text` (without the newline) that start with `label`.
 std::string LineOf(const std::string& text, const std::string& label) {
@@ -36,11 +68,14 @@ TEST(TimetoolShow, SolsticeInstantInTheGregorianCalendar) {
     const ToolRun run = RunTimetool({"show", "2024-06-21", "--calendar", "gregorian"});
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 0);
-    // Sunrise and sunset: noon of 1 January 2024 (738888.5) plus the day
-    // counts 171.59733151711325 and 171.82995345218822, 8409.44 and
-    // 28507.98 seconds into the day.
-    EXPECT_EQ(run.out,
-              "Instant        2024-06-21 00:00:00 UTC\n"
+    // The module's sun: noon of 1 January 2024 (738888.5) plus the day counts
+    // 171.59733151711325 and 171.82995345218822; its moon 172.67579. PyEphem:
+    // civil dawn 09:16:28, sunrise 09:52:11, sunset 01:16:06 and civil dusk
+    // 01:51:49 on the next day; the full moon of 22 June 01:08 is more than
+    // half a day away (waxing gibbous, 98.6% lit).
+    EXPECT_EQ(LineOf(run.out, "Instant"), "Instant        2024-06-21 00:00:00 UTC");
+    EXPECT_EQ(MaskClocks(run.out),
+              "Instant        2024-06-21 hh:mm:ss UTC\n"
               "Gregorian      21 June 2024\n"
               "Month length   30 days\n"
               "Year length    12 months, 366 days\n"
@@ -49,10 +84,14 @@ TEST(TimetoolShow, SolsticeInstantInTheGregorianCalendar) {
               "Julian Date    2460482.500000\n"
               "Linux time     1718928000\n"
               "Weekday        Friday\n"
-              "Sunrise        2024-06-21 02:20:09 UTC at 43.3 N, 83.045 W\n"
-              "Sunset         2024-06-21 07:55:08 UTC\n"
-              "Moon phase     172.68\xC2\xB0 full " +
-                  std::string(kFullMoon) + "\n");
+              "Sunrise        2024-06-21 hh:mm:ss UTC at 43.3 N, 83.045 W\n"
+              "Sunset         2024-06-22 hh:mm:ss UTC\n"
+              "Civil dawn     2024-06-21 hh:mm:ss UTC\n"
+              "Civil dusk     2024-06-22 hh:mm:ss UTC\n"
+              "Module sun     171.597332, 171.829953 days from J0 738888.5 (noon, 1 January)\n"
+              "Moon           166.95\xC2\xB0 waxing gibbous \xF0\x9F\x8C\x94, 98.6% lit\n"
+              "Module moon    172.68\xC2\xB0 (its mean lunation)\n");
+    ExpectClocksNear(run.out.substr(run.out.find("Sunrise")), {"09:52:11", "01:16:06", "09:16:28", "01:51:49"});
 }
 
 TEST(TimetoolShow, EveryWayOfNamingTheSolsticeGivesTheSameStarDate) {
@@ -93,12 +132,18 @@ TEST(TimetoolShow, MillenniumInstant) {
     EXPECT_EQ(LineOf(run.out, "Julian Date"), "Julian Date    2451544.500000");
     EXPECT_EQ(LineOf(run.out, "Linux time"), "Linux time     946684800");
     EXPECT_EQ(LineOf(run.out, "Weekday"), "Weekday        Saturday");
-    // Day counts -0.535718842406178 and -0.30228345015752284 from 730122.5.
-    // 83313.89 and 17082.71 seconds into their days.
-    EXPECT_EQ(LineOf(run.out, "Sunrise"), "Sunrise        1999-12-31 23:08:34 UTC at 43.3 N, 83.045 W");
-    EXPECT_EQ(LineOf(run.out, "Sunset"), "Sunset         2000-01-01 04:44:43 UTC");
-    // At the reference instant itself the phase is (T(-1) - 0) / (T(-1) - T(0)) x 360.
-    EXPECT_EQ(LineOf(run.out, "Moon phase"), "Moon phase     291.76\xC2\xB0 last quarter " + std::string(kLastQuarter));
+    // The module's day counts -0.535718842406178 and -0.30228345015752284
+    // from 730122.5; PyEphem: sunrise 13:04:31 and sunset 22:06:46 UTC.
+    EXPECT_EQ(MaskClocks(LineOf(run.out, "Sunrise")), "Sunrise        2000-01-01 hh:mm:ss UTC at 43.3 N, 83.045 W");
+    EXPECT_EQ(MaskClocks(LineOf(run.out, "Sunset")), "Sunset         2000-01-01 hh:mm:ss UTC");
+    ExpectClocksNear(LineOf(run.out, "Sunrise") + LineOf(run.out, "Sunset"), {"13:04:31", "22:06:46"});
+    EXPECT_EQ(LineOf(run.out, "Module sun"),
+              "Module sun     -0.535719, -0.302283 days from J0 730122.5 (noon, 1 January)");
+    // At the module's reference instant its phase is (T(-1) - 0) / (T(-1) - T(0)) x 360;
+    // the true moon is past last quarter (28 December 1999).
+    EXPECT_EQ(LineOf(run.out, "Module moon"), "Module moon    291.76\xC2\xB0 (its mean lunation)");
+    EXPECT_EQ(LineOf(run.out, "Moon ").substr(0, 15 + 8), "Moon           297.43\xC2\xB0");
+    EXPECT_NE(LineOf(run.out, "Moon ").find("waning crescent"), std::string::npos);
 }
 
 TEST(TimetoolShow, FirstDayOfTheGregorianReform) {
@@ -185,7 +230,7 @@ TEST(TimetoolShow, YearsPastTheSixteenBitRangeAreOutOfRangeNotWrapped) {
 
 TEST(TimetoolShow, DefaultViewAtAFixedNow) {
     const std::string expected =
-        "Instant        2024-06-21 17:54:00 UTC\n"
+        "Instant        2024-06-21 hh:mm:ss UTC\n"
         "Gregorian      21 June 2024\n"
         "Julian         8 June 2024\n"
         "Western        21 June 2024\n"
@@ -197,16 +242,24 @@ TEST(TimetoolShow, DefaultViewAtAFixedNow) {
         "Julian Date    2460483.245833\n"
         "Linux time     1718992440\n"
         "Weekday        Friday\n"
-        "Sunrise        2024-06-21 02:20:09 UTC at 43.3 N, 83.045 W\n"
-        "Sunset         2024-06-21 07:55:08 UTC\n"
-        "Moon phase     181.77\xC2\xB0 full " +
-        std::string(kFullMoon) + "\n";
+        "Sunrise        2024-06-21 hh:mm:ss UTC at 43.3 N, 83.045 W\n"
+        "Sunset         2024-06-22 hh:mm:ss UTC\n"
+        "Civil dawn     2024-06-21 hh:mm:ss UTC\n"
+        "Civil dusk     2024-06-22 hh:mm:ss UTC\n"
+        "Module sun     171.597332, 171.829953 days from J0 738888.5 (noon, 1 January)\n"
+        "Moon           176.21\xC2\xB0 full " +
+        std::string(kFullMoon) +
+        ", 99.7% lit\n"
+        "Module moon    181.77\xC2\xB0 (its mean lunation)\n";
+    // The full moon of 22 June 01:08 UTC is 7 h 14 min away: "full".
     const ToolRun option = RunTimetool({"--now", "2024-06-21T17:54:00"});
     ASSERT_EQ(option.status, 0) << option.err;
-    EXPECT_EQ(option.out, expected);
+    EXPECT_EQ(LineOf(option.out, "Instant"), "Instant        2024-06-21 17:54:00 UTC");
+    EXPECT_EQ(MaskClocks(option.out), expected);
+    ExpectClocksNear(option.out.substr(option.out.find("Sunrise")), {"09:52:11", "01:16:06", "09:16:28", "01:51:49"});
     const ToolRun variable = RunTimetool({}, "", {kNoRegistry, "TIMETOOL_NOW=@1718992440"});
     ASSERT_EQ(variable.status, 0) << variable.err;
-    EXPECT_EQ(variable.out, expected);
+    EXPECT_EQ(variable.out, option.out);
     // The option wins over the variable.
     const ToolRun both =
         RunTimetool({"show", "now", "--now", "2024-06-21T17:54"}, "", {kNoRegistry, "TIMETOOL_NOW=2000-01-01"});
@@ -403,45 +456,86 @@ TEST(TimetoolShowJson, EveryKeyOfTheSolstice) {
     EXPECT_EQ(location.at("longitude"), -83.045);
 
     const json& sun = doc.at("sun");
-    EXPECT_EQ(sun.size(), 8u);
-    EXPECT_EQ(sun.at("j0"), 738888.5);
+    EXPECT_EQ(sun.size(), 9u);
+    EXPECT_EQ(sun.at("date"), "2024-06-21");
     EXPECT_TRUE(sun.at("polar").is_null());
-    EXPECT_EQ(sun.at("sunrise"), "2024-06-21T02:20:09Z");
-    EXPECT_EQ(sun.at("sunset"), "2024-06-21T07:55:08Z");
-    EXPECT_DOUBLE_EQ(sun.at("sunrise_days").get<double>(), 171.59733151711325);
-    EXPECT_DOUBLE_EQ(sun.at("sunset_days").get<double>(), 171.82995345218822);
-    EXPECT_DOUBLE_EQ(sun.at("sunrise_star_date").get<double>(), 738888.5 + 171.59733151711325);
-    EXPECT_DOUBLE_EQ(sun.at("sunset_star_date").get<double>(), 738888.5 + 171.82995345218822);
+    EXPECT_TRUE(sun.at("civil_polar").is_null());
+    EXPECT_TRUE(sun.at("reason").is_null());
+    EXPECT_EQ(MaskClocks(sun.at("sunrise")), "2024-06-21Thh:mm:ssZ");
+    EXPECT_EQ(MaskClocks(sun.at("sunset")), "2024-06-22Thh:mm:ssZ");
+    EXPECT_EQ(MaskClocks(sun.at("civil_dawn")), "2024-06-21Thh:mm:ssZ");
+    EXPECT_EQ(MaskClocks(sun.at("civil_dusk")), "2024-06-22Thh:mm:ssZ");
+    ExpectClocksNear(sun.at("sunrise").get<std::string>() + sun.at("sunset").get<std::string>() +
+                         sun.at("civil_dawn").get<std::string>() + sun.at("civil_dusk").get<std::string>(),
+                     {"09:52:11", "01:16:06", "09:16:28", "01:51:49"});
+    const json& moduleSun = sun.at("module");
+    EXPECT_EQ(moduleSun.size(), 5u);
+    EXPECT_EQ(moduleSun.at("j0"), 738888.5);
+    EXPECT_DOUBLE_EQ(moduleSun.at("sunrise_days").get<double>(), 171.59733151711325);
+    EXPECT_DOUBLE_EQ(moduleSun.at("sunset_days").get<double>(), 171.82995345218822);
+    EXPECT_DOUBLE_EQ(moduleSun.at("sunrise_star_date").get<double>(), 738888.5 + 171.59733151711325);
+    EXPECT_DOUBLE_EQ(moduleSun.at("sunset_star_date").get<double>(), 738888.5 + 171.82995345218822);
 
     const json& moon = doc.at("moon");
-    EXPECT_EQ(moon.size(), 3u);
-    EXPECT_NEAR(moon.at("phase").get<double>(), 172.67579, 0.00001);
-    EXPECT_EQ(moon.at("name"), "full");
-    EXPECT_EQ(moon.at("glyph"), kFullMoon);
-}
-
-// The clock time of a star date to the nearest second, "HH:MM:SS".
-std::string NearestSecond(double starDate) {
-    const auto seconds = static_cast<long long>(std::floor(starDate * 86400.0 + 0.5));
-    const long long ofDay = ((seconds % 86400) + 86400) % 86400;
-    char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "%02lld:%02lld:%02lld", ofDay / 3600, ofDay / 60 % 60, ofDay % 60);
-    return buffer;
+    EXPECT_EQ(moon.size(), 7u);
+    EXPECT_EQ(moon.at("utc"), "2024-06-21T00:00:00Z");
+    // 25 h 8 min before the full moon of 22 June 01:08 UTC, at about 0.5 degrees an hour.
+    EXPECT_NEAR(moon.at("phase").get<double>(), 167.0, 0.5);
+    EXPECT_NEAR(moon.at("illuminated").get<double>(), 0.986, 0.002);
+    EXPECT_EQ(moon.at("name"), "waxing gibbous");
+    EXPECT_EQ(moon.at("glyph"), "\xF0\x9F\x8C\x94");
+    EXPECT_TRUE(moon.at("reason").is_null());
+    EXPECT_NEAR(moon.at("module").at("phase").get<double>(), 172.67579, 0.00001);
 }
 
 TEST(TimetoolSun, TwoDaysOfTheSolstice) {
     const ToolRun run = RunTimetool({"sun", "2024-06-21", "--lat", "43.3", "--lon", "-83.045", "--days", "2"});
     ASSERT_EQ(run.status, 0) << run.err;
-    const ToolRun doc = RunTimetool({"sun", "2024-06-21", "--days", "2", "--json"});
-    ASSERT_EQ(doc.status, 0) << doc.err;
-    const json second = json::parse(doc.out).at("days").at(1);
-    EXPECT_EQ(run.out,
-              "Sunrise and sunset (UTC) at 43.3 N, 83.045 W\n"
-              "Date         Sunrise              Sunset\n"
-              "2024-06-21   2024-06-21 02:20:09  2024-06-21 07:55:08\n"
-              "2024-06-22   2024-06-22 " +
-                  NearestSecond(second.at("sunrise_star_date").get<double>()) + "  2024-06-22 " +
-                  NearestSecond(second.at("sunset_star_date").get<double>()) + "\n");
+    EXPECT_EQ(MaskClocks(run.out),
+              "Sun at 43.3 N, 83.045 W in UTC, for the solar day around each date's local mean noon (+1: on the next "
+              "UTC day, -1: the day before)\n"
+              "Date         Civil dawn   Sunrise      Sunset       Civil dusk   Module sunrise, sunset (days from J0)\n"
+              "2024-06-21   hh:mm:ss     hh:mm:ss     hh:mm:ss+1   hh:mm:ss+1   171.597332  171.829953\n"
+              "2024-06-22   hh:mm:ss     hh:mm:ss     hh:mm:ss+1   hh:mm:ss+1   172.597345  172.830117\n");
+    // PyEphem for the 21st; the 22nd moves by seconds.
+    ExpectClocksNear(LineOf(run.out, "2024-06-21"), {"09:16:28", "09:52:11", "01:16:06", "01:51:49"});
+    ExpectClocksNear(LineOf(run.out, "2024-06-22"), {"09:16:28", "09:52:11", "01:16:06", "01:51:49"});
+}
+
+TEST(TimetoolSun, LondonInDecemberSetsAfterItRises) {
+    // PyEphem: civil dawn 07:23:38, sunrise 08:03:56, sunset 15:53:42, civil dusk 16:34:00.
+    const ToolRun run = RunTimetool({"sun", "2024-12-21", "--lat", "51.5", "--lon", "-0.13"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const std::string row = LineOf(run.out, "2024-12-21");
+    EXPECT_EQ(MaskClocks(row), "2024-12-21   hh:mm:ss     hh:mm:ss     hh:mm:ss     hh:mm:ss     354.669884  354.669382");
+    ExpectClocksNear(row, {"07:23:38", "08:03:56", "15:53:42", "16:34:00"});
+    const std::vector<int> clocks = ClocksOf(row);
+    ASSERT_EQ(clocks.size(), 4u);
+    EXPECT_LT(clocks[1], clocks[2]);
+}
+
+TEST(TimetoolSun, BothHemispheresAndTheTropics) {
+    const struct {
+        const char* lat;
+        const char* lon;
+        const char* mask;
+        std::vector<std::string> reference;  // PyEphem: dawn, sunrise, sunset, dusk
+    } cases[] = {
+        // Sydney: the solar day of 21 June starts in the evening of the 20th, UTC.
+        {"33.87S", "151.21E", "2024-06-21   hh:mm:ss-1   hh:mm:ss-1   hh:mm:ss     hh:mm:ss     ",
+         {"20:32:20", "21:00:06", "06:53:53", "07:21:39"}},
+        {"-0.18", "-78.47", "2024-06-21   hh:mm:ss     hh:mm:ss     hh:mm:ss     hh:mm:ss     ",
+         {"10:49:57", "11:12:30", "23:19:12", "23:41:45"}},
+        {"33.92S", "18.42E", "2024-06-21   hh:mm:ss     hh:mm:ss     hh:mm:ss     hh:mm:ss     ",
+         {"05:23:41", "05:51:28", "15:45:00", "16:12:47"}},
+    };
+    for (const auto& c : cases) {
+        const ToolRun run = RunTimetool({"sun", "2024-06-21", "--lat", c.lat, "--lon", c.lon});
+        ASSERT_EQ(run.status, 0) << run.err;
+        const std::string row = LineOf(run.out, "2024-06-21");
+        EXPECT_EQ(MaskClocks(row).substr(0, std::string(c.mask).size()), c.mask) << c.lat;
+        ExpectClocksNear(row, c.reference);
+    }
 }
 
 TEST(TimetoolSun, JsonRowOfTheSolstice) {
@@ -456,118 +550,158 @@ TEST(TimetoolSun, JsonRowOfTheSolstice) {
     const auto& row = doc.at("days").at(0);
     std::vector<std::string> keys;
     for (auto entry = row.begin(); entry != row.end(); ++entry) keys.push_back(entry.key());
-    EXPECT_EQ(keys, (std::vector<std::string>{"date", "j0", "polar", "sunrise", "sunset", "sunrise_days", "sunset_days",
-                                              "sunrise_star_date", "sunset_star_date"}));
+    EXPECT_EQ(keys, (std::vector<std::string>{"date", "sunrise", "sunset", "civil_dawn", "civil_dusk", "polar",
+                                              "civil_polar", "reason", "module"}));
     EXPECT_EQ(row.at("date"), "2024-06-21");
-    EXPECT_EQ(row.at("j0"), 738888.5);
     EXPECT_TRUE(row.at("polar").is_null());
-    EXPECT_EQ(row.at("sunrise"), "2024-06-21T02:20:09Z");
-    EXPECT_EQ(row.at("sunset"), "2024-06-21T07:55:08Z");
-    EXPECT_DOUBLE_EQ(row.at("sunrise_days").get<double>(), 171.59733151711325);
-    EXPECT_DOUBLE_EQ(row.at("sunset_days").get<double>(), 171.82995345218822);
-    EXPECT_DOUBLE_EQ(row.at("sunrise_star_date").get<double>(), 738888.5 + 171.59733151711325);
-    EXPECT_DOUBLE_EQ(row.at("sunset_star_date").get<double>(), 738888.5 + 171.82995345218822);
+    EXPECT_EQ(MaskClocks(row.at("sunrise").get<std::string>()), "2024-06-21Thh:mm:ssZ");
+    EXPECT_EQ(MaskClocks(row.at("sunset").get<std::string>()), "2024-06-22Thh:mm:ssZ");
+    ExpectClocksNear(row.at("sunrise").get<std::string>() + row.at("sunset").get<std::string>(),
+                     {"09:52:11", "01:16:06"});
+    const auto& module = row.at("module");
+    EXPECT_EQ(module.at("j0"), 738888.5);
+    EXPECT_DOUBLE_EQ(module.at("sunrise_days").get<double>(), 171.59733151711325);
+    EXPECT_DOUBLE_EQ(module.at("sunset_days").get<double>(), 171.82995345218822);
+    EXPECT_DOUBLE_EQ(module.at("sunrise_star_date").get<double>(), 738888.5 + 171.59733151711325);
+    EXPECT_DOUBLE_EQ(module.at("sunset_star_date").get<double>(), 738888.5 + 171.82995345218822);
 }
 
 TEST(TimetoolSun, HemisphereLettersMeanTheSamePlace) {
-    const ToolRun run = RunTimetool({"sun", "2024-06-21", "--lat", "43.3N", "--lon", "83.045W"});
-    ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(LineOf(run.out, "2024-06-21"), "2024-06-21   2024-06-21 02:20:09  2024-06-21 07:55:08");
+    const ToolRun letters = RunTimetool({"sun", "2024-06-21", "--lat", "43.3N", "--lon", "83.045W"});
+    const ToolRun signs = RunTimetool({"sun", "2024-06-21", "--lat", "43.3", "--lon", "-83.045"});
+    ASSERT_EQ(letters.status, 0) << letters.err;
+    EXPECT_EQ(letters.out, signs.out);
+    EXPECT_EQ(LineOf(letters.out, "Sun at"), LineOf(RunTimetool({"sun", "2024-06-21"}).out, "Sun at"));
 }
 
 TEST(TimetoolSun, MidnightSunAndPolarNightAreNamed) {
     const ToolRun day = RunTimetool({"sun", "2024-06-21", "--lat", "89"});
     ASSERT_EQ(day.status, 0) << day.err;
-    EXPECT_EQ(LineOf(day.out, "2024-06-21"), "2024-06-21   polar day            polar day");
+    EXPECT_EQ(LineOf(day.out, "2024-06-21"), "2024-06-21   polar day    polar day    polar day    polar day    none");
     const ToolRun night = RunTimetool({"sun", "2024-06-21", "--lat", "89S"});
     ASSERT_EQ(night.status, 0) << night.err;
-    EXPECT_EQ(LineOf(night.out, "2024-06-21"), "2024-06-21   polar night          polar night");
+    EXPECT_EQ(LineOf(night.out, "2024-06-21"),
+              "2024-06-21   polar night  polar night  polar night  polar night  none");
+    // Tromso at the winter solstice: no sunrise, but a civil dawn at 08:31:31 and dusk at 12:53:20 (PyEphem).
+    const ToolRun tromso = RunTimetool({"sun", "2024-12-21", "--lat", "69.65N", "--lon", "18.96E"});
+    ASSERT_EQ(tromso.status, 0) << tromso.err;
+    const std::string row = LineOf(tromso.out, "2024-12-21");
+    EXPECT_EQ(MaskClocks(row), "2024-12-21   hh:mm:ss     polar night  polar night  hh:mm:ss     none");
+    ExpectClocksNear(row, {"08:31:31", "12:53:20"});
 
     const ToolRun doc = RunTimetool({"sun", "2024-06-21", "--lat", "89", "--json"});
     ASSERT_EQ(doc.status, 0) << doc.err;
     const json parsed = json::parse(doc.out);
     EXPECT_EQ(parsed.at("latitude"), 89.0);
     EXPECT_EQ(parsed.at("longitude"), -83.045);
-    const json& row = parsed.at("days").at(0);
-    EXPECT_EQ(row.at("date"), "2024-06-21");
-    EXPECT_EQ(day.out.find("nan"), std::string::npos);
-    EXPECT_EQ(row.at("polar"), "polar day");
-    EXPECT_TRUE(row.at("sunrise").is_null());
-    EXPECT_TRUE(row.at("sunset").is_null());
+    const json& row89 = parsed.at("days").at(0);
+    EXPECT_EQ(row89.at("date"), "2024-06-21");
+    EXPECT_EQ(doc.out.find("nan"), std::string::npos);
+    EXPECT_EQ(row89.at("polar"), "polar day");
+    EXPECT_EQ(row89.at("civil_polar"), "polar day");
+    EXPECT_TRUE(row89.at("sunrise").is_null());
+    EXPECT_TRUE(row89.at("civil_dusk").is_null());
+    EXPECT_TRUE(row89.at("module").at("sunrise_days").is_null());
 }
 
-TEST(TimetoolMoon, WorkedPhasesOfJanuary2024) {
+TEST(TimetoolSun, OutsideTheKnownYearsTheReasonStandsInstead) {
+    const ToolRun run = RunTimetool({"sun", "-1001-06-21"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(LineOf(run.out, "-1001"),
+              "-1001-06-21  Earth's rotation is not known well enough outside the years -1000 to 3000  module "
+              "170.597292  170.829763");
+    const ToolRun doc = RunTimetool({"sun", "3001-01-01", "--json"});
+    ASSERT_EQ(doc.status, 0) << doc.err;
+    const json row = json::parse(doc.out).at("days").at(0);
+    EXPECT_TRUE(row.at("sunrise").is_null());
+    EXPECT_EQ(row.at("reason"), "Earth's rotation is not known well enough outside the years -1000 to 3000");
+}
+
+TEST(TimetoolMoon, PublishedNewMoonOfJanuary2024) {
+    // New moon 11 January 2024 11:57 UTC, full moon 25 January 17:54 UTC
+    // (published); the module's mean lunation reads 3.84 and 177.54 there.
     const ToolRun run = RunTimetool({"moon", "2024-01-11T11:57", "--days", "3"});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.out,
-              "Date and time (UTC)  Phase     Moon\n"
-              "2024-01-11 11:57:00  3.84\xC2\xB0     \xF0\x9F\x8C\x91 new\n"
-              "2024-01-12 11:57:00  16.04\xC2\xB0    \xF0\x9F\x8C\x91 new\n"
-              "2024-01-13 11:57:00  28.23\xC2\xB0    \xF0\x9F\x8C\x92 waxing crescent\n");
+    const std::vector<std::string> lines = {
+        "Date and time (UTC)  Phase     Lit     Moon                 Module",
+        "2024-01-11 11:57:00  359.99\xC2\xB0   0.2%    " + std::string(kNewMoon) + " new               3.84\xC2\xB0",
+        "2024-01-12 11:57:00  13.76\xC2\xB0    1.6%    \xF0\x9F\x8C\x92 waxing crescent   16.04\xC2\xB0",
+        "2024-01-13 11:57:00  27.61\xC2\xB0    5.8%    \xF0\x9F\x8C\x92 waxing crescent   28.23\xC2\xB0",
+    };
+    std::string expected;
+    for (const std::string& line : lines) expected += line + "\n";
+    EXPECT_EQ(run.out, expected);
     const ToolRun full = RunTimetool({"moon", "2024-01-25T17:54", "--json"});
     ASSERT_EQ(full.status, 0) << full.err;
     const json doc = json::parse(full.out);
     ASSERT_EQ(doc.at("days").size(), 1u);
     const json& day = doc.at("days").at(0);
-    EXPECT_EQ(day.size(), 4u);
+    EXPECT_EQ(day.size(), 7u);
     EXPECT_EQ(day.at("utc"), "2024-01-25T17:54:00Z");
-    EXPECT_NEAR(day.at("phase").get<double>(), 177.54, 0.005);
+    EXPECT_NEAR(day.at("phase").get<double>(), 180.0, 0.01);
+    EXPECT_NEAR(day.at("illuminated").get<double>(), 1.0, 0.003);
     EXPECT_EQ(day.at("name"), "full");
     EXPECT_EQ(day.at("glyph"), kFullMoon);
+    EXPECT_NEAR(day.at("module").at("phase").get<double>(), 177.54, 0.005);
 }
 
-TEST(TimetoolMoon, NegativeAgeBranchBeforeTheReference) {
+TEST(TimetoolMoon, ModulePhaseOfItsNegativeBranchBesideTheTrueFullMoon) {
+    // Full moon 22 December 1999 17:31 UTC (published); the module's mean lunation reads 178.75.
     const ToolRun run = RunTimetool({"moon", "1999-12-22T17:31"});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(LineOf(run.out, "1999"), "1999-12-22 17:31:00  178.75\xC2\xB0   " + std::string(kFullMoon) + " full");
+    EXPECT_EQ(LineOf(run.out, "1999"), "1999-12-22 17:31:00  179.99\xC2\xB0   99.9%   " + std::string(kFullMoon) +
+                                           " full              178.75\xC2\xB0");
 }
 
 TEST(TimetoolMonth, June2024Grid) {
-    // Moon at noon UTC of each day: 294.96 on the 1st, then about 12.19
-    // degrees a day (full from the 20th to the 22nd).
+    // Published: new moon 6 June, first quarter 14 June, full moon 22 June,
+    // last quarter 28 June 2024 (UTC); the days between carry the glyph of
+    // their stretch.
     const ToolRun run = RunTimetool({"month", "2024-06"});
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out,
               "            June 2024\n"
               "Su   Mo   Tu   We   Th   Fr   Sa\n"
               "                               1\xF0\x9F\x8C\x98\n"
-              " 2\xF0\x9F\x8C\x98  3\xF0\x9F\x8C\x98  4\xF0\x9F\x8C\x98  5\xF0\x9F\x8C\x91  6\xF0\x9F\x8C\x91"
-              "  7\xF0\x9F\x8C\x91  8\xF0\x9F\x8C\x91\n"
-              " 9\xF0\x9F\x8C\x92 10\xF0\x9F\x8C\x92 11\xF0\x9F\x8C\x92 12\xF0\x9F\x8C\x93 13\xF0\x9F\x8C\x93"
-              " 14\xF0\x9F\x8C\x93 15\xF0\x9F\x8C\x93\n"
-              "16\xF0\x9F\x8C\x94 17\xF0\x9F\x8C\x94 18\xF0\x9F\x8C\x94 19\xF0\x9F\x8C\x94 20\xF0\x9F\x8C\x95"
-              " 21\xF0\x9F\x8C\x95 22\xF0\x9F\x8C\x95\n"
-              "23\xF0\x9F\x8C\x96 24\xF0\x9F\x8C\x96 25\xF0\x9F\x8C\x96 26\xF0\x9F\x8C\x96 27\xF0\x9F\x8C\x97"
-              " 28\xF0\x9F\x8C\x97 29\xF0\x9F\x8C\x97\n"
-              "30\xF0\x9F\x8C\x97\n");
+              " 2\xF0\x9F\x8C\x98  3\xF0\x9F\x8C\x98  4\xF0\x9F\x8C\x98  5\xF0\x9F\x8C\x98  6\xF0\x9F\x8C\x91"
+              "  7\xF0\x9F\x8C\x92  8\xF0\x9F\x8C\x92\n"
+              " 9\xF0\x9F\x8C\x92 10\xF0\x9F\x8C\x92 11\xF0\x9F\x8C\x92 12\xF0\x9F\x8C\x92 13\xF0\x9F\x8C\x92"
+              " 14\xF0\x9F\x8C\x93 15\xF0\x9F\x8C\x94\n"
+              "16\xF0\x9F\x8C\x94 17\xF0\x9F\x8C\x94 18\xF0\x9F\x8C\x94 19\xF0\x9F\x8C\x94 20\xF0\x9F\x8C\x94"
+              " 21\xF0\x9F\x8C\x94 22\xF0\x9F\x8C\x95\n"
+              "23\xF0\x9F\x8C\x96 24\xF0\x9F\x8C\x96 25\xF0\x9F\x8C\x96 26\xF0\x9F\x8C\x96 27\xF0\x9F\x8C\x96"
+              " 28\xF0\x9F\x8C\x97 29\xF0\x9F\x8C\x98\n"
+              "30\xF0\x9F\x8C\x98\n");
 }
 
 TEST(TimetoolMonth, WesternOctober1582SkipsTheTenReformDays) {
     // 1 October 1582 (Julian) is day number 577734, a Monday; 4 October is
-    // followed by 15 October (577738).
+    // followed by 15 October (577738). Each quarter's glyph stands on one day.
     const ToolRun run = RunTimetool({"month", "1582-10", "--calendar", "western"});
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out,
               "           October 1582\n"
               "Su   Mo   Tu   We   Th   Fr   Sa\n"
-              "      1🌕  2🌕  3🌕  4🌖 15🌖 16🌖\n"
-              "17🌖 18🌗 19🌗 20🌗 21🌘 22🌘 23🌘\n"
-              "24🌘 25🌑 26🌑 27🌑 28🌑 29🌒 30🌒\n"
+              "      1🌕  2🌖  3🌖  4🌖 15🌖 16🌖\n"
+              "17🌖 18🌗 19🌘 20🌘 21🌘 22🌘 23🌘\n"
+              "24🌘 25🌘 26🌑 27🌒 28🌒 29🌒 30🌒\n"
               "31🌒\n");
 }
 
 TEST(TimetoolMonth, HebrewSivan5784StartsOnFriday7June2024) {
-    // 1 Sivan 5784 is 7 June 2024, day number 739046.
+    // 1 Sivan 5784 is 7 June 2024, day number 739046: the first quarter of
+    // 14 June is 8 Sivan, the full moon of 22 June 16 Sivan, the last quarter
+    // of 28 June 22 Sivan and the new moon of 5 July 29 Sivan.
     const ToolRun run = RunTimetool({"month", "5784-03", "--calendar", "hebrew"});
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out,
               "            Sivan 5784\n"
               "Su   Mo   Tu   We   Th   Fr   Sa\n"
-              "                          1🌑  2🌑\n"
-              " 3🌒  4🌒  5🌒  6🌓  7🌓  8🌓  9🌓\n"
-              "10🌔 11🌔 12🌔 13🌔 14🌕 15🌕 16🌕\n"
-              "17🌖 18🌖 19🌖 20🌖 21🌗 22🌗 23🌗\n"
-              "24🌗 25🌘 26🌘 27🌘 28🌘 29🌑 30🌑\n");
+              "                          1🌒  2🌒\n"
+              " 3🌒  4🌒  5🌒  6🌒  7🌒  8🌓  9🌔\n"
+              "10🌔 11🌔 12🌔 13🌔 14🌔 15🌔 16🌕\n"
+              "17🌖 18🌖 19🌖 20🌖 21🌖 22🌗 23🌘\n"
+              "24🌘 25🌘 26🌘 27🌘 28🌘 29🌑 30🌒\n");
 }
 
 TEST(TimetoolMonth, JsonDays) {
@@ -582,12 +716,20 @@ TEST(TimetoolMonth, JsonDays) {
     EXPECT_EQ(doc.at("title"), "June 2024");
     ASSERT_EQ(doc.at("days").size(), 30u);
     const json& first = doc.at("days").at(0);
-    EXPECT_EQ(first.size(), 4u);
+    EXPECT_EQ(first.size(), 5u);
     EXPECT_EQ(first.at("day"), 1);
     EXPECT_EQ(first.at("weekday"), 6);
     EXPECT_EQ(first.at("star_date"), 739040.0);
-    EXPECT_NEAR(first.at("moon").at("phase").get<double>(), 294.95618, 0.0001);
+    EXPECT_EQ(first.at("moon").at("utc"), "2024-06-01T12:00:00Z");
     EXPECT_EQ(first.at("moon").at("name"), "waning crescent");
+    // The module's mean lunation at noon of 1 June.
+    EXPECT_NEAR(first.at("moon").at("module").at("phase").get<double>(), 294.95618, 0.0001);
+    EXPECT_TRUE(first.at("quarter").is_null());
+    // Full moon 22 June 2024 01:08 UTC (published).
+    const json& full = doc.at("days").at(21).at("quarter");
+    EXPECT_EQ(full.at("name"), "full");
+    EXPECT_EQ(MaskClocks(full.at("utc").get<std::string>()), "2024-06-22Thh:mm:ssZ");
+    ExpectClocksNear(full.at("utc").get<std::string>(), {"01:08:00"});
     EXPECT_EQ(doc.at("days").at(20).at("star_date"), 739060.0);
 }
 
