@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Whole-process figures: median wall time of repeated runs of timetool
-# (default view; convert to Hebrew) beside Debian's hdate for the same date.
+# (default view; convert to Hebrew; ten years of true sunrise, sunset and
+# twilight) beside Debian's hdate for the same date.
 # Usage: bench/process_times.sh <build dir> [runs]
 set -euo pipefail
 build="$1"
@@ -28,6 +29,7 @@ if [ -x ./timetool ]; then
   else
     echo "| timetool convert 2024-06-21 --to hebrew | not available |"
   fi
+  echo "| timetool sun 2024-01-01 --days 3660 | $(median_ms ./timetool sun 2024-01-01 --days 3660) |"
 else
   echo "| timetool | not built |"
 fi

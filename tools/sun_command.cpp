@@ -69,7 +69,7 @@ void RunSun(const SunOptions& options) {
     }
     Json rows = Json::array();
     std::string text = "Sun at " + FormatLatitude(location.latitude) + ", " + FormatLongitude(location.longitude) +
-                       " in UTC, for the solar day around each date's local mean noon (+1: on the next UTC day, -1: the day before)\n";
+                       ", UTC (+1: on the next day, -1: on the day before)\n";
     text += "Date         Civil dawn   Sunrise      Sunset       Civil dusk   Module sunrise, sunset (days from J0)\n";
     for (int i = 0; i < days; ++i) {
         const SunReport sun = DescribeSun(context.session(), start + i, location);

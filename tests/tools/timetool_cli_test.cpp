@@ -492,8 +492,7 @@ TEST(TimetoolSun, TwoDaysOfTheSolstice) {
     const ToolRun run = RunTimetool({"sun", "2024-06-21", "--lat", "43.3", "--lon", "-83.045", "--days", "2"});
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(MaskClocks(run.out),
-              "Sun at 43.3 N, 83.045 W in UTC, for the solar day around each date's local mean noon (+1: on the next "
-              "UTC day, -1: the day before)\n"
+              "Sun at 43.3 N, 83.045 W, UTC (+1: on the next day, -1: on the day before)\n"
               "Date         Civil dawn   Sunrise      Sunset       Civil dusk   Module sunrise, sunset (days from J0)\n"
               "2024-06-21   hh:mm:ss     hh:mm:ss     hh:mm:ss+1   hh:mm:ss+1   171.597332  171.829953\n"
               "2024-06-22   hh:mm:ss     hh:mm:ss     hh:mm:ss+1   hh:mm:ss+1   172.597345  172.830117\n");
