@@ -73,8 +73,7 @@ MoonReport DescribeMoon(const ModuleSession& session, double starDate) {
 std::vector<std::optional<DayQuarter>> QuartersOfDays(StarDay first, std::size_t count) {
     std::vector<std::optional<DayQuarter>> days(count);
     const double from = sky::JulianDateFromStarDate(static_cast<double>(first));
-    for (const sky::MoonQuarterEvent& event :
-         sky::MoonQuartersBetween(from, from + static_cast<double>(count))) {
+    for (const sky::MoonQuarterEvent& event : sky::MoonQuartersBetween(from, from + static_cast<double>(count))) {
         const ExactInstant instant = SplitStarDate(sky::StarDateFromJulianDate(event.julianDate));
         const StarDay offset = instant.day - first;
         // An event in the last half second of the range rounds into the next day.

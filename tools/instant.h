@@ -50,8 +50,10 @@ struct SunReport {
 // The moon at an instant: the true phase and the module's mean lunation.
 struct MoonReport {
     ExactInstant instant;  // UTC
-    double phase = 0.0;    // degrees, [0, 360): the moon's apparent longitude less the sun's; NaN outside the known years
-    double illuminated = 0.0;  // lit fraction of the disc, [0, 1]; NaN outside the known years
+    // Degrees, [0, 360): the moon's apparent longitude less the sun's. It and
+    // the lit fraction, [0, 1], are NaN outside the known years.
+    double phase = 0.0;
+    double illuminated = 0.0;
     MoonPhaseName name;
     float modulePhase = 0.0f;  // the module's get_MoonPhase, degrees of its mean lunation
 };

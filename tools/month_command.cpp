@@ -25,7 +25,7 @@ struct MonthDay {
     int day = 0;
     StarDay starDay = 0;
     int weekday = 0;
-    MoonReport moon;                  // at noon UTC
+    MoonReport moon;                    // at noon UTC
     std::optional<DayQuarter> quarter;  // a new, first-quarter, full or last-quarter moon within the UTC day
 };
 
@@ -149,9 +149,10 @@ void RunMonth(const MonthOptions& options) {
 
 void AddMonthCommand(CLI::App& app) {
     auto options = std::make_shared<MonthOptions>();
-    CLI::App* command =
-        app.add_subcommand("month", "A month as a grid, weekdays as columns; the days of new, first-quarter, full and last-quarter moon (UTC) "
-                       "carry their glyph, the days between a crescent or gibbous one");
+    CLI::App* command = app.add_subcommand(
+        "month",
+        "A month as a grid, weekdays as columns; the days of new, first-quarter, full and last-quarter moon (UTC) "
+        "carry their glyph, the days between a crescent or gibbous one");
     command
         ->add_option("YEAR-MONTH", options->month,
                      "the month, Y-MM (astronomical year, -43 = 44 BC) or Y-Name for a Hebrew month")

@@ -36,12 +36,18 @@ TEST(BetweenQuartersName, NamesTheStretchAfterTheLastQuarterPassed) {
         const char* name;
         const char* glyph;
     } cases[] = {
-        {0.0, "waxing crescent", kWaxingCrescent},      {89.999, "waxing crescent", kWaxingCrescent},
-        {90.0, "waxing gibbous", kWaxingGibbous},       {179.999, "waxing gibbous", kWaxingGibbous},
-        {180.0, "waning gibbous", kWaningGibbous},      {269.999, "waning gibbous", kWaningGibbous},
-        {270.0, "waning crescent", kWaningCrescent},    {359.999, "waning crescent", kWaningCrescent},
-        {360.0, "waxing crescent", kWaxingCrescent},    {-1.0, "waning crescent", kWaningCrescent},
-        {-450.0, "waning crescent", kWaningCrescent},   {725.0, "waxing crescent", kWaxingCrescent},
+        {0.0, "waxing crescent", kWaxingCrescent},
+        {89.999, "waxing crescent", kWaxingCrescent},
+        {90.0, "waxing gibbous", kWaxingGibbous},
+        {179.999, "waxing gibbous", kWaxingGibbous},
+        {180.0, "waning gibbous", kWaningGibbous},
+        {269.999, "waning gibbous", kWaningGibbous},
+        {270.0, "waning crescent", kWaningCrescent},
+        {359.999, "waning crescent", kWaningCrescent},
+        {360.0, "waxing crescent", kWaxingCrescent},
+        {-1.0, "waning crescent", kWaningCrescent},
+        {-450.0, "waning crescent", kWaningCrescent},
+        {725.0, "waxing crescent", kWaxingCrescent},
         {std::nextafter(360.0, 0.0), "waning crescent", kWaningCrescent},
     };
     for (const auto& c : cases) {

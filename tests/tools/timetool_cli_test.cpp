@@ -506,7 +506,8 @@ TEST(TimetoolSun, LondonInDecemberSetsAfterItRises) {
     const ToolRun run = RunTimetool({"sun", "2024-12-21", "--lat", "51.5", "--lon", "-0.13"});
     ASSERT_EQ(run.status, 0) << run.err;
     const std::string row = LineOf(run.out, "2024-12-21");
-    EXPECT_EQ(MaskClocks(row), "2024-12-21   hh:mm:ss     hh:mm:ss     hh:mm:ss     hh:mm:ss     354.669884  354.669382");
+    EXPECT_EQ(MaskClocks(row),
+              "2024-12-21   hh:mm:ss     hh:mm:ss     hh:mm:ss     hh:mm:ss     354.669884  354.669382");
     ExpectClocksNear(row, {"07:23:38", "08:03:56", "15:53:42", "16:34:00"});
     const std::vector<int> clocks = ClocksOf(row);
     ASSERT_EQ(clocks.size(), 4u);
@@ -521,11 +522,17 @@ TEST(TimetoolSun, BothHemispheresAndTheTropics) {
         std::vector<std::string> reference;  // PyEphem: dawn, sunrise, sunset, dusk
     } cases[] = {
         // Sydney: the solar day of 21 June starts in the evening of the 20th, UTC.
-        {"33.87S", "151.21E", "2024-06-21   hh:mm:ss-1   hh:mm:ss-1   hh:mm:ss     hh:mm:ss     ",
+        {"33.87S",
+         "151.21E",
+         "2024-06-21   hh:mm:ss-1   hh:mm:ss-1   hh:mm:ss     hh:mm:ss     ",
          {"20:32:20", "21:00:06", "06:53:53", "07:21:39"}},
-        {"-0.18", "-78.47", "2024-06-21   hh:mm:ss     hh:mm:ss     hh:mm:ss     hh:mm:ss     ",
+        {"-0.18",
+         "-78.47",
+         "2024-06-21   hh:mm:ss     hh:mm:ss     hh:mm:ss     hh:mm:ss     ",
          {"10:49:57", "11:12:30", "23:19:12", "23:41:45"}},
-        {"33.92S", "18.42E", "2024-06-21   hh:mm:ss     hh:mm:ss     hh:mm:ss     hh:mm:ss     ",
+        {"33.92S",
+         "18.42E",
+         "2024-06-21   hh:mm:ss     hh:mm:ss     hh:mm:ss     hh:mm:ss     ",
          {"05:23:41", "05:51:28", "15:45:00", "16:12:47"}},
     };
     for (const auto& c : cases) {
@@ -579,8 +586,7 @@ TEST(TimetoolSun, MidnightSunAndPolarNightAreNamed) {
     EXPECT_EQ(LineOf(day.out, "2024-06-21"), "2024-06-21   polar day    polar day    polar day    polar day    none");
     const ToolRun night = RunTimetool({"sun", "2024-06-21", "--lat", "89S"});
     ASSERT_EQ(night.status, 0) << night.err;
-    EXPECT_EQ(LineOf(night.out, "2024-06-21"),
-              "2024-06-21   polar night  polar night  polar night  polar night  none");
+    EXPECT_EQ(LineOf(night.out, "2024-06-21"), "2024-06-21   polar night  polar night  polar night  polar night  none");
     // Tromso at the winter solstice: no sunrise, but a civil dawn at 08:31:31 and dusk at 12:53:20 (PyEphem).
     const ToolRun tromso = RunTimetool({"sun", "2024-12-21", "--lat", "69.65N", "--lon", "18.96E"});
     ASSERT_EQ(tromso.status, 0) << tromso.err;

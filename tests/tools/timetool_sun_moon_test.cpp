@@ -19,9 +19,7 @@ namespace {
 constexpr const char* kModuleFolder = CAL_BUILD_DIR "/_binlinux";
 
 // Seconds from the start of star day 0 to an instant as printed.
-double SecondsOf(const ExactInstant& instant) {
-    return static_cast<double>(instant.day) * 86400.0 + instant.second;
-}
+double SecondsOf(const ExactInstant& instant) { return static_cast<double>(instant.day) * 86400.0 + instant.second; }
 
 double SecondsOfJulianDate(double julianDate) { return (julianDate - 1721422.5) * 86400.0; }
 
