@@ -7,6 +7,7 @@
 #include "commands.h"
 #include "instant_output.h"
 #include "month_grid.h"
+#include "quoted_text.h"
 #include "tool_context.h"
 #include "tool_error.h"
 
@@ -44,7 +45,7 @@ std::string_view DayMark(const MonthDay& day) {
 constexpr int kSearchDays = 400;
 
 [[noreturn]] void RefuseMonth(const std::string& text, const std::string& why) {
-    throw ToolError{kExitBadInput, "timetool: bad YEAR-MONTH '" + text + "': " + why};
+    throw ToolError{kExitBadInput, "timetool: bad YEAR-MONTH " + QuoteArgument(text) + ": " + why};
 }
 
 // The date of a day in the month's calendar: true, or the module's own.

@@ -1,6 +1,7 @@
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <iostream>
 #include <memory>
@@ -9,6 +10,8 @@
 #include "calendar_kind.h"
 #include "commands.h"
 #include "instant_output.h"
+#include "quoted_text.h"
+#include "stored_parameters.h"
 #include "tool_context.h"
 #include "tool_error.h"
 #include "wide_text.h"
@@ -59,6 +62,9 @@ std::string StreamCodeText(HRESULT hr) {
         {0x8007000Du, "the file is not a saved stream of this form"},
         {0x80070002u, "no such file or folder"},
         {0x80070005u, "access denied"},
+        {0x800700DEu, "not a regular file (left as it is)"},
+        {0x80070781u, "too many symbolic links, or a circle of them"},
+        {0x80070070u, "the disk is full"},
         {0x8007001Du, "write fault"},
         {0x8007001Eu, "read fault"},
     };
@@ -69,21 +75,33 @@ std::string StreamCodeText(HRESULT hr) {
     return "stream error " + FormatResult(hr);
 }
 
+// The kit's answer when a stream holds no parameter set.
+constexpr std::uint32_t kNameNotFound = 0x80070490u;
+
 [[noreturn]] void FileFailure(HRESULT hr, const char* operation, const std::string& message) {
     if (hr == E_NOTIMPL) CheckModule(hr, operation);
     throw ToolError{kExitBadInput, "timetool: " + message + ": " + StreamCodeText(hr)};
 }
 
+[[noreturn]] void RefuseFile(const std::string& path, const std::string& why) {
+    throw ToolError{kExitBadInput, "timetool: bad FILE " + QuoteArgument(path) + ": " + why};
+}
+
 void LoadStreamFromFile(IDataStream* stream, const std::string& path) {
     const std::wstring wide = WidenUtf8(path);
     const HRESULT hr = stream->LoadFromFile(static_cast<std::int32_t>(wide.size()), wide.c_str());
-    if (FAILED(hr)) FileFailure(hr, "IDataStream::LoadFromFile", "cannot read FILE '" + path + "'");
+    if (FAILED(hr)) FileFailure(hr, "IDataStream::LoadFromFile", "cannot read FILE " + QuoteArgument(path));
 }
 
-void RequireReadable(const std::string& path) {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (!file) throw ToolError{kExitBadInput, "timetool: cannot read FILE '" + path + "': " + std::strerror(errno)};
-    std::fclose(file);
+// A saved Time is a regular file; anything else at the path (a folder, a
+// FIFO that would block, a device) is refused before it is opened.
+void RequireRegularFile(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) {
+        throw ToolError{kExitBadInput, "timetool: cannot read FILE " + QuoteArgument(path) + ": " + std::strerror(errno)};
+    }
+    if (S_ISDIR(status.st_mode)) RefuseFile(path, "a folder, not a file");
+    if (!S_ISREG(status.st_mode)) RefuseFile(path, "not a regular file");
 }
 
 Json FieldsJson(const TimeObject& time) {
@@ -105,45 +123,71 @@ std::string FieldsText(const Json& fields) {
     return text;
 }
 
-// The parameter set stored in the file, read by the kit's own parameter
-// collection; empty when the kit cannot read it.
-Json StoredParameters(const ModuleSession& session, const std::string& path) {
-    try {
-        SmartPtr<IDataStream> stream = CreateStream(session, path);
-        LoadStreamFromFile(stream.get(), path);
-        SmartPtr<IUnknown> parameters =
-            session.CreateKit<IUnknown>(L"ParametersCreatable", InterfaceId("IParametersCreatable"));
-        CheckModule(PersistOf(parameters.get(), "ParametersCreatable IDataPersist")->Load(stream.get(), 0),
-                    "ParametersCreatable IDataPersist::Load");
-        SmartPtr<INamedCollection> named;
-        CheckModule(parameters->QueryInterface(InterfaceId("INamedCollection"), named.put_void()),
-                    "ParametersCreatable INamedCollection");
-        std::int32_t count = 0;
-        CheckModule(named->GetCount(&count), "INamedCollection::GetCount");
-        Json json = Json::object();
-        for (std::int32_t i = 0; i < count; ++i) {
-            SmartPtr<IString> name;
-            SmartPtr<IUnknown> item;
-            if (FAILED(named->GetItemName(i, name.put())) || !name) continue;
-            tagREFString text{0, nullptr};
-            name->GetString(&text);
-            const std::string key = NarrowToUtf8(text);
-            SmartPtr<IVariant> value;
-            if (FAILED(named->GetItem(i, item.put())) || !item ||
-                FAILED(item->QueryInterface(InterfaceId("IVariant"), value.put_void()))) {
-                json[key] = nullptr;
-                continue;
-            }
-            if (value->GetType() == kVariantDouble) {
-                json[key] = value->GetDouble();
-            } else {
-                json[key] = value->GetInteger();
-            }
-        }
-        return json;
-    } catch (const ToolError&) {
-        return nullptr;
+StoredKind KindOf(short type) {
+    switch (type) {
+        case kVariantEmpty:
+            return StoredKind::Empty;
+        case kVariantInteger:
+            return StoredKind::Integer;
+        case kVariantDouble:
+            return StoredKind::Double;
+        case kVariantText:
+            return StoredKind::Text;
+        default:
+            return StoredKind::Other;
     }
+}
+
+// The parameter set stored in the stream, read by the kit's own parameter
+// collection as the Time object's load will read it.
+std::vector<StoredParameter> StoredParameters(const ModuleSession& session, IDataStream* stream,
+                                              const std::string& path) {
+    SmartPtr<IUnknown> parameters =
+        session.CreateKit<IUnknown>(L"ParametersCreatable", InterfaceId("IParametersCreatable"));
+    const HRESULT hr = PersistOf(parameters.get(), "ParametersCreatable IDataPersist")->Load(stream, 0);
+    if (static_cast<std::uint32_t>(hr) == kNameNotFound) RefuseFile(path, "it holds no Time parameter set");
+    if (FAILED(hr)) FileFailure(hr, "ParametersCreatable IDataPersist::Load", "cannot read FILE " + QuoteArgument(path));
+    SmartPtr<INamedCollection> named;
+    CheckModule(parameters->QueryInterface(InterfaceId("INamedCollection"), named.put_void()),
+                "ParametersCreatable INamedCollection");
+    std::int32_t count = 0;
+    CheckModule(named->GetCount(&count), "INamedCollection::GetCount");
+    std::vector<StoredParameter> stored;
+    for (std::int32_t i = 0; i < count; ++i) {
+        SmartPtr<IString> name;
+        SmartPtr<IUnknown> item;
+        CheckModule(named->GetItemName(i, name.put()), "INamedCollection::GetItemName");
+        if (!name) CheckModule(E_FAIL, "INamedCollection::GetItemName");
+        tagREFString text{0, nullptr};
+        name->GetString(&text);
+        StoredParameter parameter;
+        parameter.name = NarrowToUtf8(text);
+        parameter.kind = StoredKind::Other;
+        SmartPtr<IVariant> value;
+        if (SUCCEEDED(named->GetItem(i, item.put())) && item &&
+            SUCCEEDED(item->QueryInterface(InterfaceId("IVariant"), value.put_void()))) {
+            parameter.kind = KindOf(value->GetType());
+            if (parameter.kind == StoredKind::Integer) parameter.number = value->GetInteger();
+            if (parameter.kind == StoredKind::Double) parameter.number = value->GetDouble();
+        }
+        stored.push_back(parameter);
+    }
+    return stored;
+}
+
+// The stored set as JSON: numbers as stored, anything else null.
+Json StoredJson(const std::vector<StoredParameter>& stored) {
+    Json json = Json::object();
+    for (const StoredParameter& parameter : stored) {
+        if (parameter.kind == StoredKind::Integer) {
+            json[parameter.name] = static_cast<std::int32_t>(parameter.number);
+        } else if (parameter.kind == StoredKind::Double) {
+            json[parameter.name] = parameter.number;
+        } else {
+            json[parameter.name] = nullptr;
+        }
+    }
+    return json;
 }
 
 void RunSave(const SaveOptions& options) {
@@ -171,7 +215,7 @@ void RunSave(const SaveOptions& options) {
     CheckModule(PersistOf(time.unknown(), "Time IDataPersist")->Save(stream.get(), 0), "Time IDataPersist::Save");
     const std::wstring wide = WidenUtf8(options.file);
     const HRESULT hr = stream->SaveToFile(static_cast<std::int32_t>(wide.size()), wide.c_str());
-    if (FAILED(hr)) FileFailure(hr, "IDataStream::SaveToFile", "cannot write FILE '" + options.file + "'");
+    if (FAILED(hr)) FileFailure(hr, "IDataStream::SaveToFile", "cannot write FILE " + QuoteArgument(options.file));
 
     const Json fields = FieldsJson(time);
     const CalendarLine named = DescribeCalendarDay(context.dates(), from, instant.day);
@@ -196,14 +240,19 @@ void RunSave(const SaveOptions& options) {
 }
 
 void RunLoad(const LoadOptions& options) {
-    RequireReadable(options.file);
+    RequireRegularFile(options.file);
     const ModuleSession session;
     SmartPtr<IDataStream> stream = CreateStream(session, options.file);
     LoadStreamFromFile(stream.get(), options.file);
+    // The Time object applies whatever it finds and wraps what does not fit
+    // its fields, so the stored set is checked before it is trusted.
+    const std::vector<StoredParameter> parameters = StoredParameters(session, stream.get(), options.file);
+    const std::string problem = CheckStoredTime(parameters);
+    if (!problem.empty()) RefuseFile(options.file, problem);
     TimeObject time(session);
     CheckModule(PersistOf(time.unknown(), "Time IDataPersist")->Load(stream.get(), 0), "Time IDataPersist::Load");
     const Json loaded = FieldsJson(time);
-    const Json stored = StoredParameters(session, options.file);
+    const Json stored = StoredJson(parameters);
 
     if (options.json) {
         Json json = JsonDocument();
@@ -215,9 +264,9 @@ void RunLoad(const LoadOptions& options) {
         return;
     }
     std::cout << "File           " << options.file << " (" << FormName(options.file) << " stream)\n";
-    if (stored.is_object()) std::cout << "Stored         " << FieldsText(stored) << "\n";
+    std::cout << "Stored         " << FieldsText(stored) << "\n";
     std::cout << "Loaded         " << FieldsText(loaded) << "\n";
-    if (stored.is_object() && stored.contains("Year") && loaded["month"] == stored["Year"]) {
+    if (loaded["month"] == stored["Year"]) {
         std::cout << "               (the Time component reads the stored Year into its month field and keeps\n"
                      "               its own year; stored data relies on this)\n";
     }

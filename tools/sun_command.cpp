@@ -5,6 +5,7 @@
 #include "arguments.h"
 #include "commands.h"
 #include "instant_output.h"
+#include "quoted_text.h"
 #include "tool_context.h"
 #include "tool_error.h"
 
@@ -17,7 +18,7 @@ struct SunOptions {
     std::string from = "gregorian";
     std::string latitude;
     std::string longitude;
-    long long days = 1;
+    std::string days = "1";
     bool json = false;
 };
 
@@ -64,8 +65,8 @@ void RunSun(const SunOptions& options) {
     ToolContext context;
     const double start = context.reader().StarDate(options.when, from);
     if (!IsShownDay(SplitStarDate(start + (days - 1)).day)) {
-        throw ToolError{kExitBadInput, "timetool: bad --days '" + std::to_string(days) +
-                                           "': the days run past the years timetool shows (-32767 to 32767)"};
+        throw ToolError{kExitBadInput, "timetool: bad --days " + QuoteArgument(options.days) +
+                                           ": the days run past the years timetool shows (-32767 to 32767)"};
     }
     Json rows = Json::array();
     std::string text = "Sun at " + FormatLatitude(location.latitude) + ", " + FormatLongitude(location.longitude) +

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "calendar_kind.h"
+#include "quoted_text.h"
 #include "text_format.h"
 #include "tool_error.h"
 
@@ -24,7 +25,7 @@ double TimeOfDay(const CivilTime& civil) {
 }  // namespace
 
 void RefuseWhen(const std::string& text, const std::string& why) {
-    throw ToolError{kExitBadInput, "timetool: bad WHEN '" + text + "': " + why};
+    throw ToolError{kExitBadInput, "timetool: bad WHEN " + QuoteArgument(text) + ": " + why};
 }
 
 WhenReader::WhenReader(ModuleDates& dates, std::string fixedNow) : dates_(dates), fixedNow_(std::move(fixedNow)) {}
@@ -32,7 +33,9 @@ WhenReader::WhenReader(ModuleDates& dates, std::string fixedNow) : dates_(dates)
 double WhenReader::Now() {
     if (!fixedNow_.empty() && fixedNow_ != "now" && fixedNow_ != "today") {
         const WhenParse parsed = ParseWhen(fixedNow_);
-        if (!parsed.when) throw ToolError{kExitBadInput, "timetool: bad --now '" + fixedNow_ + "': " + parsed.error};
+        if (!parsed.when) {
+            throw ToolError{kExitBadInput, "timetool: bad --now " + QuoteArgument(fixedNow_) + ": " + parsed.error};
+        }
         return StarDate(fixedNow_, *parsed.when, 0);
     }
     TimeObject time(dates_.session());

@@ -6,6 +6,7 @@
 #include "arguments.h"
 #include "commands.h"
 #include "instant_output.h"
+#include "quoted_text.h"
 #include "tool_error.h"
 #include "vector_listener.h"
 
@@ -14,7 +15,7 @@ namespace timetool {
 namespace {
 
 struct WindowOptions {
-    long long capacity = 0;
+    std::string capacity;
     bool events = false;
     bool json = false;
 };
@@ -23,7 +24,7 @@ double RequireNumber(const std::string& word) {
     double value = 0.0;
     const auto [end, ec] = std::from_chars(word.data(), word.data() + word.size(), value);
     if (ec != std::errc() || end != word.data() + word.size() || !std::isfinite(value)) {
-        throw ToolError{kExitBadInput, "timetool: bad number '" + word + "' on standard input"};
+        throw ToolError{kExitBadInput, "timetool: bad number " + QuoteArgument(word) + " on standard input"};
     }
     return value;
 }
@@ -74,7 +75,8 @@ void RunWindow(const WindowOptions& options) {
     const std::vector<VectorEvent> startEvents = listener->TakeEvents();
     if (!options.json) PrintEvents(startEvents);
     std::string word;
-    while (std::cin >> word) {
+    // Output that can no longer be written ends the reading too.
+    while (std::cout && std::cin >> word) {
         const double value = RequireNumber(word);
         CheckModule(vector->put_Element(-1, value), "IDblVector::put_Element");
         std::int32_t count = 0;

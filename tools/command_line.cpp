@@ -1,0 +1,111 @@
+#include "command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <cstdlib>
+#include <iostream>
+#include <string_view>
+
+#include "commands.h"
+#include "quoted_text.h"
+#include "tool_error.h"
+
+namespace timetool {
+
+namespace {
+
+constexpr std::array<std::string_view, 8> kCommands{"show",  "convert", "sun",  "moon",
+                                                    "month", "save",    "load", "window"};
+
+// Parser messages may echo whole arguments; they are shown escaped and cut
+// like every echoed argument, with room for the parser's own words.
+constexpr std::size_t kShownParserMessageLength = 2 * kShownArgumentLength + 80;
+
+bool IsCommand(std::string_view word) {
+    for (std::string_view command : kCommands) {
+        if (word == command) return true;
+    }
+    return false;
+}
+
+// An option given with an empty value ("--lat ''", "--calendar=") is a
+// mistake, never a request for the default.
+void RefuseEmptyValues(const CLI::App& app) {
+    for (const CLI::Option* option : app.get_options()) {
+        if (!option->nonpositional() || option->get_type_size() == 0 || option->count() == 0) continue;
+        for (const std::string& value : option->results()) {
+            if (value.empty()) {
+                throw ToolError{kExitBadInput,
+                                "timetool: empty " + option->get_name() + ": give a value or leave the option out"};
+            }
+        }
+    }
+    for (const CLI::App* command : app.get_subcommands()) RefuseEmptyValues(*command);
+}
+
+int Run(int argc, char** argv) {
+    CLI::App app{
+        "timetool: dates in seven calendars, star dates, sunrise, sunset and the moon, "
+        "through the Calendar module. Without a command it shows the current instant."};
+    app.name("timetool");
+    app.footer(kWhenGrammar);
+    app.fallthrough();
+    ShowOptions defaultView;
+    std::string fixedNow;
+    app.add_flag("--json", defaultView.json, "print the default view as one JSON document");
+    app.add_option("--now", fixedNow, "the instant now and today stand for (a WHEN read as Gregorian)");
+    app.require_subcommand(0, 1);
+    AddShowCommand(app);
+    AddConvertCommand(app);
+    AddSunCommand(app);
+    AddMoonCommand(app);
+    AddMonthCommand(app);
+    AddSaveCommand(app);
+    AddLoadCommand(app);
+    AddWindowCommand(app);
+
+    if (argc > 1 && argv[1][0] != '-' && !IsCommand(argv[1])) {
+        std::cerr << "timetool: unknown command " << QuoteArgument(argv[1])
+                  << " (show, convert, sun, moon, month, save, load, window; --help lists them)\n";
+        return kExitBadInput;
+    }
+    // --now is read before any command runs; the variable stands in when it is absent.
+    SetFixedNow({});
+    app.parse_complete_callback([&app, &fixedNow] {
+        RefuseEmptyValues(app);
+        if (fixedNow.empty()) {
+            const char* variable = std::getenv("TIMETOOL_NOW");
+            if (variable) fixedNow = variable;
+        }
+        SetFixedNow(fixedNow);
+    });
+    try {
+        app.parse(argc, argv);
+        if (app.get_subcommands().empty()) RunShow(defaultView);
+    } catch (const CLI::ParseError& e) {
+        if (e.get_exit_code() == 0) return app.exit(e);
+        std::cerr << "timetool: " << EscapeText(e.what(), kShownParserMessageLength) << "\n";
+        return kExitBadInput;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int RunCommandLine(int argc, char** argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const ToolError& e) {
+        std::cout.flush();
+        std::cerr << e.message << "\n";
+        return e.status;
+    } catch (const std::exception& e) {
+        std::cerr << "timetool: " << EscapeText(e.what(), kShownParserMessageLength) << "\n";
+        return kExitModule;
+    } catch (...) {
+        std::cerr << "timetool: unexpected failure\n";
+        return kExitModule;
+    }
+}
+
+}  // namespace timetool
