@@ -25,7 +25,8 @@ struct StoredParameter {
 // would wrap it), a Second past the range of the object's 32-bit float.
 std::string CheckStoredTime(const std::vector<StoredParameter>& parameters);
 
-// "21", "30.5", "1e+39", "nan": the shortest text that reads back as `value`.
+// "21", "30.5", "1e+39", "inf", "nan": the shortest text that reads back as
+// `value`.
 std::string StoredNumberText(double value);
 
 }  // namespace timetool

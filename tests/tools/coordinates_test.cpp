@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace timetool {
 namespace {
 
@@ -33,6 +35,25 @@ TEST(ParseLongitude, TakesEastAsPositive) {
     EXPECT_EQ(*ParseLongitude("180").degrees, 180.0);
     EXPECT_EQ(ParseLongitude("181").error, "out of range (-180 to 180)");
     EXPECT_EQ(ParseLongitude("10N").error, "not a number of degrees");
+}
+
+TEST(ParseLatitude, DecimalOnly) {
+    EXPECT_EQ(*ParseLatitude("010").degrees, 10.0);
+    EXPECT_EQ(*ParseLatitude("-010.50").degrees, -10.5);
+    for (const char* text : {"0x10", "0X1p4", " 43", "43 ", "4 3", "\t43", "43\n", "nan", "inf", "-inf", "43,3", "43..3",
+                             "+-4", "--4"}) {
+        EXPECT_EQ(ParseLatitude(text).error, "not a number of degrees") << text;
+    }
+}
+
+TEST(ParseLatitude, TooManyDigitsForADoubleAreStillRead) {
+    // Past the largest double: out of range, not "not a number".
+    EXPECT_EQ(ParseLatitude(std::string(400, '9')).error, "out of range (-90 to 90)");
+    EXPECT_EQ(ParseLatitude("-" + std::string(400, '9')).error, "out of range (-90 to 90)");
+    EXPECT_EQ(ParseLongitude(std::string(400, '1') + "W").error, "out of range (-180 to 180)");
+    // Below the smallest double: zero degrees.
+    EXPECT_EQ(*ParseLatitude("0." + std::string(400, '0') + "1").degrees, 0.0);
+    EXPECT_EQ(*ParseLongitude("0." + std::string(400, '0') + "1E").degrees, 0.0);
 }
 
 TEST(ClassifySunAbsence, FollowsTheSeasonOfEachHemisphere) {

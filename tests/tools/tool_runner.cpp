@@ -1,6 +1,7 @@
 #include "tool_runner.h"
 
 #include <fcntl.h>
+#include <grp.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -84,4 +85,39 @@ ToolRun RunProgram(const std::string& program, const std::vector<std::string>& a
 ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input,
                     const std::vector<std::string>& environment) {
     return RunProgram(TIMETOOL_PATH, args, input, environment);
+}
+
+ToolRun RunTimetoolAsNobody(const std::vector<std::string>& args, const std::vector<std::string>& environment) {
+    const TempDir scratch;
+    const std::string outPath = scratch.path() + "/out";
+    const std::string errPath = scratch.path() + "/err";
+    const int out = open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    const int err = open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    std::vector<std::string> argv0{TIMETOOL_PATH};
+    argv0.insert(argv0.end(), args.begin(), args.end());
+    std::vector<char*> argv;
+    for (std::string& arg : argv0) argv.push_back(arg.data());
+    argv.push_back(nullptr);
+    std::vector<std::string> variables = environment;
+    std::vector<char*> envp;
+    for (std::string& variable : variables) envp.push_back(variable.data());
+    envp.push_back(nullptr);
+
+    const pid_t pid = fork();
+    if (pid == 0) {
+        dup2(out, 1);
+        dup2(err, 2);
+        if (setgroups(0, nullptr) != 0 || setgid(kNobodyId) != 0 || setuid(kNobodyId) != 0) _exit(127);
+        execve(argv[0], argv.data(), envp.data());
+        _exit(127);
+    }
+    close(out);
+    close(err);
+    int wstatus = 0;
+    waitpid(pid, &wstatus, 0);
+    ToolRun run;
+    run.status = WIFEXITED(wstatus) ? WEXITSTATUS(wstatus) : -1;
+    run.out = ReadFile(outPath);
+    run.err = ReadFile(errPath);
+    return run;
 }

@@ -24,6 +24,15 @@ inline constexpr const char* kNoRegistry = "CALENDAR_REGISTRY=/nonexistent/timet
 ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input = "",
                     const std::vector<std::string>& environment = {kNoRegistry});
 
+// The user checks of permissions run timetool as when the tests run as the
+// superuser, whom permissions do not bind.
+inline constexpr unsigned kNobodyId = 65534;
+
+// Runs the built timetool as user and group kNobodyId (the caller must be the
+// superuser). Status 127 means it could not start as that user (the build
+// folder out of its reach).
+ToolRun RunTimetoolAsNobody(const std::vector<std::string>& args, const std::vector<std::string>& environment);
+
 // A fresh directory under the system's temporary folder, removed with its
 // contents when the holder is destroyed.
 class TempDir {
