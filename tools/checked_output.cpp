@@ -99,7 +99,8 @@ int FinishOutput(int status) {
     const int failed = status != 0 ? status : 1;
     if (output.failed()) {
         status = failed;
-        if (output.error() != EPIPE) std::cerr << "timetool: cannot write to standard output: " << Reason(output.error()) << "\n";
+        if (output.error() != EPIPE)
+            std::cerr << "timetool: cannot write to standard output: " << Reason(output.error()) << "\n";
     }
     CStreamBuffer& errors = ErrorBuffer();
     Close(std::cerr, errors, stderr);

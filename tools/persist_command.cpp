@@ -98,7 +98,8 @@ void LoadStreamFromFile(IDataStream* stream, const std::string& path) {
 void RequireRegularFile(const std::string& path) {
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) {
-        throw ToolError{kExitBadInput, "timetool: cannot read FILE " + QuoteArgument(path) + ": " + std::strerror(errno)};
+        throw ToolError{kExitBadInput,
+                        "timetool: cannot read FILE " + QuoteArgument(path) + ": " + std::strerror(errno)};
     }
     if (S_ISDIR(status.st_mode)) RefuseFile(path, "a folder, not a file");
     if (!S_ISREG(status.st_mode)) RefuseFile(path, "not a regular file");
@@ -146,7 +147,8 @@ std::vector<StoredParameter> StoredParameters(const ModuleSession& session, IDat
         session.CreateKit<IUnknown>(L"ParametersCreatable", InterfaceId("IParametersCreatable"));
     const HRESULT hr = PersistOf(parameters.get(), "ParametersCreatable IDataPersist")->Load(stream, 0);
     if (static_cast<std::uint32_t>(hr) == kNameNotFound) RefuseFile(path, "it holds no Time parameter set");
-    if (FAILED(hr)) FileFailure(hr, "ParametersCreatable IDataPersist::Load", "cannot read FILE " + QuoteArgument(path));
+    if (FAILED(hr))
+        FileFailure(hr, "ParametersCreatable IDataPersist::Load", "cannot read FILE " + QuoteArgument(path));
     SmartPtr<INamedCollection> named;
     CheckModule(parameters->QueryInterface(InterfaceId("INamedCollection"), named.put_void()),
                 "ParametersCreatable INamedCollection");

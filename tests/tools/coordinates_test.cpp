@@ -40,8 +40,8 @@ TEST(ParseLongitude, TakesEastAsPositive) {
 TEST(ParseLatitude, DecimalOnly) {
     EXPECT_EQ(*ParseLatitude("010").degrees, 10.0);
     EXPECT_EQ(*ParseLatitude("-010.50").degrees, -10.5);
-    for (const char* text : {"0x10", "0X1p4", " 43", "43 ", "4 3", "\t43", "43\n", "nan", "inf", "-inf", "43,3", "43..3",
-                             "+-4", "--4"}) {
+    for (const char* text :
+         {"0x10", "0X1p4", " 43", "43 ", "4 3", "\t43", "43\n", "nan", "inf", "-inf", "43,3", "43..3", "+-4", "--4"}) {
         EXPECT_EQ(ParseLatitude(text).error, "not a number of degrees") << text;
     }
 }

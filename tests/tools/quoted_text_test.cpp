@@ -20,7 +20,8 @@ struct EscapeCase {
 TEST(QuoteArgument, PrintableTextIsShownAsItIs) {
     EXPECT_EQ(QuoteArgument("2024-06-21"), "'2024-06-21'");
     EXPECT_EQ(QuoteArgument(""), "''");
-    EXPECT_EQ(QuoteArgument("15 Sivan \xD7\xA1\xD7\x99\xD7\x95\xD7\x9F"), "'15 Sivan \xD7\xA1\xD7\x99\xD7\x95\xD7\x9F'");
+    EXPECT_EQ(QuoteArgument("15 Sivan \xD7\xA1\xD7\x99\xD7\x95\xD7\x9F"),
+              "'15 Sivan \xD7\xA1\xD7\x99\xD7\x95\xD7\x9F'");
     EXPECT_EQ(QuoteArgument("it's"), "'it's'");
     EXPECT_EQ(QuoteArgument("\xF0\x9F\x8C\x95"), "'\xF0\x9F\x8C\x95'");
 }
@@ -34,9 +35,15 @@ TEST(QuoteArgument, ControlCharactersAreEscaped) {
         {"\x7f", "'\\x7f'"},
         {"back\\slash", "'back\\\\slash'"},
         // C1 controls (CSI is U+009B), line separator, right-to-left override.
-        {"\xC2\x9B" "31m", "'\\u009b31m'"},
-        {"a\xE2\x80\xA8" "b", "'a\\u2028b'"},
-        {"\xE2\x80\xAE" "abc", "'\\u202eabc'"},
+        {"\xC2\x9B"
+         "31m",
+         "'\\u009b31m'"},
+        {"a\xE2\x80\xA8"
+         "b",
+         "'a\\u2028b'"},
+        {"\xE2\x80\xAE"
+         "abc",
+         "'\\u202eabc'"},
         {"\xE2\x81\xA6x", "'\\u2066x'"},
     };
     for (const EscapeCase& c : cases) EXPECT_EQ(QuoteArgument(c.text), c.shown);
@@ -45,9 +52,9 @@ TEST(QuoteArgument, ControlCharactersAreEscaped) {
 TEST(QuoteArgument, BytesThatAreNotUtf8AreEscapedOneByOne) {
     const EscapeCase cases[] = {
         {"\xff", "'\\xff'"},
-        {"a\xC3", "'a\\xc3'"},                       // cut short
-        {"\xC0\xAF", "'\\xc0\\xaf'"},                // overlong '/'
-        {"\xED\xA0\x80", "'\\xed\\xa0\\x80'"},       // a surrogate
+        {"a\xC3", "'a\\xc3'"},                           // cut short
+        {"\xC0\xAF", "'\\xc0\\xaf'"},                    // overlong '/'
+        {"\xED\xA0\x80", "'\\xed\\xa0\\x80'"},           // a surrogate
         {"\xF4\x90\x80\x80", "'\\xf4\\x90\\x80\\x80'"},  // past U+10FFFF
         {"\xE2\x82", "'\\xe2\\x82'"},
     };
@@ -63,11 +70,12 @@ TEST(QuoteArgument, LongArgumentsAreCutAfter64Characters) {
     for (int i = 0; i < 70; ++i) alef += "\xD7\x90";
     EXPECT_EQ(QuoteArgument(alef), "'" + alef.substr(0, 128) + "\xE2\x80\xA6'");
     // An escape counts as the one character it stands for.
-    EXPECT_EQ(QuoteArgument(std::string(70, '\x1b')), "'" + [] {
-        std::string shown;
-        for (int i = 0; i < 64; ++i) shown += "\\x1b";
-        return shown;
-    }() + "\xE2\x80\xA6'");
+    EXPECT_EQ(
+        QuoteArgument(std::string(70, '\x1b')), "'" + [] {
+            std::string shown;
+            for (int i = 0; i < 64; ++i) shown += "\\x1b";
+            return shown;
+        }() + "\xE2\x80\xA6'");
 }
 
 TEST(EscapeText, TakesItsOwnLimit) {

@@ -18,7 +18,7 @@ using timetool::StoredNumberText;
 using timetool::StoredParameter;
 
 std::vector<StoredParameter> SolsticeSet() {
-    return {{"Day", StoredKind::Integer, 21},  {"Month", StoredKind::Integer, 6},
+    return {{"Day", StoredKind::Integer, 21},    {"Month", StoredKind::Integer, 6},
             {"Year", StoredKind::Integer, 2024}, {"Hour", StoredKind::Integer, 17},
             {"Minute", StoredKind::Integer, 54}, {"Second", StoredKind::Double, 30.5}};
 }

@@ -54,8 +54,8 @@ TEST(TimetoolNumbers, ALeadingZeroIsStillDecimal) {
 
 TEST(TimetoolNumbers, CountsAreDecimalDigitsAndNothingElse) {
     const char* range = " (1 to 3660)";
-    for (const char* text : {"0x10", "0X10", "010x", "1e3", "1.0", "1,000", " 5", "5 ", "\t5", "5\n", "+", "-",
-                             "--5", "five", "\xD9\xA5"}) {
+    for (const char* text : {"0x10", "0X10", "010x", "1e3", "1.0", "1,000", " 5", "5 ", "\t5", "5\n", "+", "-", "--5",
+                             "five", "\xD9\xA5"}) {
         ExpectRefused({{"sun", "2024-06-21", "--days", text},
                        "timetool: bad --days " +
                            std::string(text[0] == '\t'   ? "'\\t5'"
@@ -74,11 +74,11 @@ TEST(TimetoolNumbers, AValueOutOfRangeNamesTheRangeWhateverItsSize) {
                    "timetool: bad --days '99999999999999999999': out of range (1 to 3660)"});
     ExpectRefused({{"moon", "2024-06-21", "--days", "-99999999999999999999"},
                    "timetool: bad --days '-99999999999999999999': out of range (1 to 3660)"});
-    ExpectRefused({{"sun", "2024-06-21", "--days", "4294967297"},
-                   "timetool: bad --days '4294967297': out of range (1 to 3660)"});
+    ExpectRefused(
+        {{"sun", "2024-06-21", "--days", "4294967297"}, "timetool: bad --days '4294967297': out of range (1 to 3660)"});
     ExpectRefused({{"window", "1000001"}, "timetool: bad N '1000001': out of range (1 to 1000000)"});
-    ExpectRefused({{"window", "99999999999999999999"},
-                   "timetool: bad N '99999999999999999999': out of range (1 to 1000000)"});
+    ExpectRefused(
+        {{"window", "99999999999999999999"}, "timetool: bad N '99999999999999999999': out of range (1 to 1000000)"});
     const ToolRun largest = RunTimetool({"window", "1000000"}, "1");
     EXPECT_EQ(largest.status, 0) << largest.err;
     EXPECT_EQ(largest.out, "1\n");
@@ -90,17 +90,22 @@ TEST(TimetoolNumbers, DegreesAreDecimalToo) {
                        "timetool: bad --lat '" + std::string(text) + "': not a number of degrees"});
     }
     ExpectRefused({{"sun", "2024-06-21", "--lon", "0x10E"}, "timetool: bad --lon '0x10E': not a number of degrees"});
-    ExpectRefused({{"sun", "2024-06-21", "--lon", "180.000001"},
-                   "timetool: bad --lon '180.000001': out of range (-180 to 180)"});
+    ExpectRefused(
+        {{"sun", "2024-06-21", "--lon", "180.000001"}, "timetool: bad --lon '180.000001': out of range (-180 to 180)"});
 }
 
 TEST(TimetoolOptions, AnEmptyValueIsAnErrorNotTheDefault) {
     const std::vector<std::vector<std::string>> cases = {
-        {"show", "2024-06-21", "--calendar", ""}, {"show", "2024-06-21", "--from", ""},
-        {"sun", "2024-06-21", "--lat", ""},       {"sun", "2024-06-21", "--lon", ""},
-        {"sun", "2024-06-21", "--days", ""},      {"convert", "2024-06-21", "--to", ""},
-        {"month", "2024-06", "--calendar", ""},   {"save", "x.xml", "--from", ""},
-        {"--now", ""},                            {"show", "--now", ""},
+        {"show", "2024-06-21", "--calendar", ""},
+        {"show", "2024-06-21", "--from", ""},
+        {"sun", "2024-06-21", "--lat", ""},
+        {"sun", "2024-06-21", "--lon", ""},
+        {"sun", "2024-06-21", "--days", ""},
+        {"convert", "2024-06-21", "--to", ""},
+        {"month", "2024-06", "--calendar", ""},
+        {"save", "x.xml", "--from", ""},
+        {"--now", ""},
+        {"show", "--now", ""},
     };
     for (const std::vector<std::string>& args : cases) {
         const std::string& option = args.at(args.size() - 2);
@@ -121,7 +126,9 @@ TEST(TimetoolEcho, ControlCharactersInAnEchoedArgumentAreEscaped) {
                    "timetool: unknown calendar 'gregorian\\n' for --calendar (gregorian, julian, western, hebrew1, "
                    "hebrew, adam, generic or 0 to 6)"});
     ExpectRefused({{"sun", "2024-06-21", "--lat", "4\r3"}, "timetool: bad --lat '4\\r3': not a number of degrees"});
-    ExpectRefused({{"sun", "2024-06-21", "--days", "\xC2\x9B" "1m"},
+    ExpectRefused({{"sun", "2024-06-21", "--days",
+                    "\xC2\x9B"
+                    "1m"},
                    "timetool: bad --days '\\u009b1m': not a whole number in decimal (1 to 3660)"});
     ExpectRefused({{"month", "2024-\x07"}, "timetool: bad YEAR-MONTH '2024-\\x07': expected YYYY-MM"});
     ExpectRefused({{"show", "--now", "\x1b"}, "timetool: bad --now '\\x1b': expected YYYY-MM-DD"});
@@ -144,8 +151,10 @@ TEST(TimetoolEcho, LongArgumentsAreCut) {
     const std::string huge(100000, '7');
     const std::string shown = "'" + std::string(64, '7') + kEllipsis + "'";
     ExpectRefused({{"show", huge}, "timetool: bad WHEN " + shown + ": expected YYYY-MM-DD"});
-    ExpectRefused({{"sun", "2024-06-21", "--days", huge}, "timetool: bad --days " + shown + ": out of range (1 to 3660)"});
-    ExpectRefused({{"sun", "2024-06-21", "--lat", huge}, "timetool: bad --lat " + shown + ": out of range (-90 to 90)"});
+    ExpectRefused(
+        {{"sun", "2024-06-21", "--days", huge}, "timetool: bad --days " + shown + ": out of range (1 to 3660)"});
+    ExpectRefused(
+        {{"sun", "2024-06-21", "--lat", huge}, "timetool: bad --lat " + shown + ": out of range (-90 to 90)"});
     ExpectRefused({{"convert", "2024-06-21", "--to", huge},
                    "timetool: unknown calendar " + shown +
                        " for --to (gregorian, julian, western, hebrew1, hebrew, adam, generic or 0 to 6)"});

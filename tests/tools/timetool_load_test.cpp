@@ -19,9 +19,7 @@
 
 namespace {
 
-void WriteFile(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-}
+void WriteFile(const std::string& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
 
 struct Entry {
     std::string name;
@@ -29,7 +27,7 @@ struct Entry {
     std::string value;
 };
 
-const std::vector<Entry> kSolstice = {{"Day", "integer", "21"},  {"Month", "integer", "6"},
+const std::vector<Entry> kSolstice = {{"Day", "integer", "21"},    {"Month", "integer", "6"},
                                       {"Year", "integer", "2024"}, {"Hour", "integer", "17"},
                                       {"Minute", "integer", "54"}, {"Second", "double", "30.5"}};
 
@@ -152,8 +150,8 @@ TEST(TimetoolLoad, WellFormedXmlWithoutAParameterSetIsRefused) {
 TEST(TimetoolLoad, FolderFilesAreCheckedTheSameWay) {
     const TempDir dir;
     const std::string file = dir.path() + "/time.dat";
-    WriteFile(file, ParametersFolder({{"Day", 21}, {"Month", 6}, {"Year", 2024}, {"Hour", 17}, {"Minute", 54},
-                                      {"Second", 0}}));
+    WriteFile(file, ParametersFolder(
+                        {{"Day", 21}, {"Month", 6}, {"Year", 2024}, {"Hour", 17}, {"Minute", 54}, {"Second", 0}}));
     const ToolRun good = RunTimetool({"load", file});
     EXPECT_EQ(good.status, 0) << good.err;
     EXPECT_EQ(good.out.substr(0, good.out.find("Loaded")),

@@ -36,11 +36,11 @@ std::string ReadFile(const std::string& path) {
 // How the child is set up before timetool starts in it.
 struct Child {
     std::vector<std::string> args;
-    int in = -1;                         // descriptor for standard input; -1: the test's own
-    int out = -1;                        // descriptor for standard output; -1: closed
-    int err = -1;                        // descriptor for standard error; -1: closed
+    int in = -1;                           // descriptor for standard input; -1: the test's own
+    int out = -1;                          // descriptor for standard output; -1: closed
+    int err = -1;                          // descriptor for standard error; -1: closed
     rlim_t fileSizeLimit = RLIM_INFINITY;  // bytes any one file may grow to
-    bool ignorePipeSignal = false;       // as a caller that ignores SIGPIPE leaves it
+    bool ignorePipeSignal = false;         // as a caller that ignores SIGPIPE leaves it
 };
 
 struct Ended {
@@ -140,10 +140,8 @@ constexpr rlim_t kLimit = 1024;
 
 TEST(TimetoolOutputFailure, AFullStandardOutputEndsWithStatus1AndOneMessage) {
     const std::vector<std::vector<std::string>> commands = {
-        {"moon", "2024-01-01", "--days", "100"},
-        {"moon", "2024-01-01", "--days", "100", "--json"},
-        {"sun", "2024-01-01", "--days", "60"},
-        {"convert", "2024-06-21", "--json"},
+        {"moon", "2024-01-01", "--days", "100"}, {"moon", "2024-01-01", "--days", "100", "--json"},
+        {"sun", "2024-01-01", "--days", "60"},   {"convert", "2024-06-21", "--json"},
         {"month", "2024-06", "--json"},
     };
     const TempDir dir;
