@@ -1,5 +1,7 @@
 #include "module_dates.h"
 
+#include "registry_warning.h"
+
 namespace timetool {
 
 DateFields ModuleFields(const CivilDate& date) { return DateFields{ModuleYear(date.year), date.month, date.day}; }
@@ -12,6 +14,11 @@ ModuleDates::ModuleDates(const ModuleSession& session) : session_(session), time
 
 void ModuleDates::Select(int kind) {
     if (kind_ == kind) return;
+    // Adam and Generic take their epochs from the registry.
+    if ((kind == 5 || kind == 6) && !registryChecked_) {
+        registryChecked_ = true;
+        WarnAboutRegistry();
+    }
     time_.SetKind(kind);
     kind_ = kind;
 }

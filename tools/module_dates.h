@@ -44,6 +44,7 @@ private:
     const ModuleSession& session_;
     TimeObject time_;
     int kind_ = 0;
+    bool registryChecked_ = false;  // the registry warning is given once
 };
 
 }  // namespace timetool

@@ -41,6 +41,7 @@ struct Child {
     int err = -1;                          // descriptor for standard error; -1: closed
     rlim_t fileSizeLimit = RLIM_INFINITY;  // bytes any one file may grow to
     bool ignorePipeSignal = false;         // as a caller that ignores SIGPIPE leaves it
+    std::string registry = kNoRegistry;    // CALENDAR_REGISTRY=...
 };
 
 struct Ended {
@@ -80,7 +81,7 @@ pid_t Start(const Child& child) {
     std::vector<char*> argv;
     for (std::string& arg : argv0) argv.push_back(arg.data());
     argv.push_back(nullptr);
-    std::vector<std::string> variables{kNoRegistry};
+    std::vector<std::string> variables{child.registry};
     for (char** entry = environ; *entry; ++entry) {
         if (std::strncmp(*entry, "CALENDAR_REGISTRY=", 18) != 0) variables.emplace_back(*entry);
     }
@@ -226,6 +227,37 @@ TEST(TimetoolOutputFailure, AFailedErrorMessageKeepsTheStatusOfTheFailure) {
     EXPECT_EQ(run.ended.status, 2);
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "");
+}
+
+TEST(TimetoolOutputFailure, AWarningThatCannotBeWrittenEndsWithStatus1) {
+    // The run itself succeeds and its output is whole; the registry warning
+    // it owes cannot reach standard error.
+    const TempDir dir;
+    const std::string registry = dir.path() + "/registry.ini";
+    std::ofstream(registry) << "[Calendar]\nSDAdam=abc\n";
+    const std::string errPath = dir.path() + "/err";
+    int pipeEnds[2];
+    ASSERT_EQ(pipe2(pipeEnds, O_CLOEXEC), 0);
+    Child child;
+    child.args = {"convert", "2024-06-21", "--to", "adam"};
+    child.out = pipeEnds[1];
+    child.err = open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    child.fileSizeLimit = 0;
+    child.registry = "CALENDAR_REGISTRY=" + registry;
+    const pid_t pid = Start(child);
+    close(pipeEnds[1]);
+    close(child.err);
+    std::string out;
+    char buffer[4096];
+    for (ssize_t n; (n = read(pipeEnds[0], buffer, sizeof buffer)) > 0;)
+        out.append(buffer, static_cast<std::size_t>(n));
+    close(pipeEnds[0]);
+    const Ended ended = Wait(pid, std::chrono::seconds(60));
+    ASSERT_TRUE(ended.inTime);
+    EXPECT_TRUE(ended.exited);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(out, "Star date      739060.000000\nAdam           24 June 2024 (the module's own calendar)\n");
+    EXPECT_EQ(ReadFile(errPath), "");
 }
 
 // Reads the first line from the pipe, then closes it, as `head -1` does.

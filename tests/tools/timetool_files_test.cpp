@@ -1,5 +1,6 @@
 // What `timetool load` accepts: a file holding a Time object's whole
-// parameter set with values the Time object takes as they are. Files are
+// parameter set with values the Time object takes as they are; and what
+// `timetool save` says when the kit refuses a target. Files are
 // written by hand in the kit's documented XML and folder forms
 // (hostkit/streams/FORMATS.md), the folder form's checksum by Boost's CRC-32.
 #include <sys/stat.h>
@@ -249,6 +250,49 @@ TEST(TimetoolLoad, AFileWithoutReadPermissionIsRefused) {
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "timetool: cannot read FILE '" + file + "': access denied (0x80070005)\n");
+}
+
+TEST(TimetoolSave, ATargetThatIsNoRegularFileIsRefusedAndLeftAlone) {
+    const TempDir dir;
+    const std::string fifo = dir.path() + "/fifo.xml";
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    ToolRun run = RunTimetool({"save", fifo, "2024-06-21"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "timetool: cannot write FILE '" + fifo + "': not a regular file (left as it is) (0x800700DE)\n");
+    EXPECT_TRUE(std::filesystem::is_fifo(fifo));
+
+    const std::string folder = dir.path() + "/folder.xml";
+    std::filesystem::create_directory(folder);
+    run = RunTimetool({"save", folder, "2024-06-21"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "timetool: cannot write FILE '" + folder + "': access denied (0x80070005)\n");
+    EXPECT_TRUE(std::filesystem::is_directory(folder));
+
+    const std::string loop = dir.path() + "/loop.xml";
+    std::filesystem::create_symlink(loop, loop);
+    run = RunTimetool({"save", loop, "2024-06-21"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "timetool: cannot write FILE '" + loop +
+                           "': too many symbolic links, or a circle of them (0x80070781)\n");
+}
+
+TEST(TimetoolSave, ALinkStaysALinkAndTheFileKeepsItsMode) {
+    const TempDir dir;
+    const std::string file = dir.path() + "/time.xml";
+    const std::string link = dir.path() + "/link.xml";
+    WriteFile(file, "old");
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    std::filesystem::create_symlink("time.xml", link);
+    const ToolRun run = RunTimetool({"save", link, "2024-06-21T17:54"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(std::filesystem::status(file).permissions(),
+              std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    const ToolRun load = RunTimetool({"load", file});
+    EXPECT_EQ(load.status, 0) << load.err;
+    EXPECT_NE(load.out.find("Stored         Day 21, Month 6, Year 2024, Hour 17, Minute 54, Second 0\n"),
+              std::string::npos);
 }
 
 }  // namespace
