@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 #include <iostream>
+#include <string>
 #include <string_view>
 
 #include "commands.h"
@@ -20,6 +21,14 @@ constexpr std::array<std::string_view, 8> kCommands{"show",  "convert", "sun",  
 // Parser messages may echo whole arguments; they are shown escaped and cut
 // like every echoed argument, with room for the parser's own words.
 constexpr std::size_t kShownParserMessageLength = 2 * kShownArgumentLength + 80;
+
+constexpr std::string_view kStatusHelp = R"(
+
+Numbers (--days, --lat, --lon, N) are decimal: a leading zero never means octal (010 is ten).
+Exit status: 0 done; 2 bad input, with one line on standard error naming the argument;
+1 the module cannot be loaded or fails, or output cannot be written. A registry file that
+cannot be read or holds a malformed line or value gets one warning when a run uses Adam or
+Generic.)";
 
 bool IsCommand(std::string_view word) {
     for (std::string_view command : kCommands) {
@@ -48,7 +57,7 @@ int Run(int argc, char** argv) {
         "timetool: dates in seven calendars, star dates, sunrise, sunset and the moon, "
         "through the Calendar module. Without a command it shows the current instant."};
     app.name("timetool");
-    app.footer(kWhenGrammar);
+    app.footer(std::string(kWhenGrammar) + std::string(kStatusHelp));
     app.fallthrough();
     ShowOptions defaultView;
     std::string fixedNow;

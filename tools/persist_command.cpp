@@ -280,7 +280,11 @@ void AddSaveCommand(CLI::App& app) {
     auto options = std::make_shared<SaveOptions>();
     CLI::App* command = app.add_subcommand(
         "save", "Save a Time object set to WHEN (default now) in FILE: XML for .xml, a folder stream otherwise");
-    command->add_option("FILE", options->file, "file to write (replaced atomically)")->required();
+    command
+        ->add_option("FILE", options->file,
+                     "file to write, replaced atomically (through its links, keeping its mode); a folder, FIFO or "
+                     "device is refused")
+        ->required();
     command->add_option("WHEN", options->when, kWhenHelp);
     command->add_option("--from", options->from, kFromHelp);
     command->add_flag("--json", options->json, "print one JSON document");
@@ -291,7 +295,11 @@ void AddSaveCommand(CLI::App& app) {
 void AddLoadCommand(CLI::App& app) {
     auto options = std::make_shared<LoadOptions>();
     CLI::App* command = app.add_subcommand("load", "Load a Time object saved by `save` and show its fields");
-    command->add_option("FILE", options->file, "file written by save")->required();
+    command
+        ->add_option("FILE", options->file,
+                     "file written by save; refused unless it holds Day, Month, Year, Hour, Minute and Second, each "
+                     "finite and fitting the object")
+        ->required();
     command->add_flag("--json", options->json, "print one JSON document");
     command->callback([options] { RunLoad(*options); });
 }

@@ -118,7 +118,7 @@ void AddWindowCommand(CLI::App& app) {
         "window",
         "Read numbers from standard input into a DblBuffer of capacity N; print the window, oldest first, "
         "after each one");
-    command->add_option("N", options->capacity, "capacity of the buffer, 1 to 1000000")->required();
+    command->add_option("N", options->capacity, "capacity of the buffer, 1 to 1000000, in decimal")->required();
     command->add_flag("--events", options->events, "print every change notification the buffer sends");
     command->add_flag("--json", options->json, "print one JSON document");
     command->callback([options] { RunWindow(*options); });

@@ -76,8 +76,8 @@ TEST_F(TimetoolRegistry, AMalformedLineMakesTheWholeFileUnread) {
     const ToolRun run = ConvertWith(path);
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "timetool: warning: registry '" + path +
-                           "' line 3: the line is not a [section] header, a key=value entry or a comment" +
-                           kFallback + "\n");
+                           "' line 3: the line is not a [section] header, a key=value entry or a comment" + kFallback +
+                           "\n");
     // A query that fails gives offset 0, as the value 1 does.
     const ToolRun one = ConvertWith(Write("one.ini", "[Calendar]\nSDAdam=1\nSDGeneric=1\n"));
     EXPECT_EQ(one.err, "");
@@ -112,8 +112,8 @@ TEST_F(TimetoolRegistry, AFolderOrFifoInTheFilesPlaceIsNamed) {
     ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
     run = ConvertWith(fifo);
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.err, "timetool: warning: registry '" + fifo + "': a device, FIFO or socket stands in the file's place" +
-                           kFallback + "\n");
+    EXPECT_EQ(run.err, "timetool: warning: registry '" + fifo +
+                           "': a device, FIFO or socket stands in the file's place" + kFallback + "\n");
 }
 
 TEST_F(TimetoolRegistry, AFileWithoutReadPermissionIsNamed) {
@@ -121,8 +121,8 @@ TEST_F(TimetoolRegistry, AFileWithoutReadPermissionIsNamed) {
     const std::string path = Write("registry.ini", "[Calendar]\nSDAdam=1\n");
     std::filesystem::permissions(path, std::filesystem::perms::none);
     const std::vector<std::string> args{"convert", "2024-06-21", "--to", "generic"};
-    const ToolRun run = geteuid() == 0 ? RunTimetoolAsNobody(args, {Variable(path)})
-                                       : RunTimetool(args, "", {Variable(path)});
+    const ToolRun run =
+        geteuid() == 0 ? RunTimetoolAsNobody(args, {Variable(path)}) : RunTimetool(args, "", {Variable(path)});
     if (run.status == 127) GTEST_SKIP() << "timetool cannot run as another user here";
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "timetool: warning: registry '" + path + "': the file cannot be read: Permission denied" +
@@ -171,8 +171,9 @@ TEST_F(TimetoolRegistry, AnEmptyValueKeepsTheModulesFallbackOfMinusOne) {
 }
 
 TEST_F(TimetoolRegistry, AGoodOrMissingRegistryGivesNoWarning) {
-    const std::string good = Write("good.ini", "; hosts' own sections are left alone\n[Host]\nx=y z\n[Calendar]\n"
-                                               "SDAdam=#1F\nSDGeneric = -3.25\n");
+    const std::string good = Write("good.ini",
+                                   "; hosts' own sections are left alone\n[Host]\nx=y z\n[Calendar]\n"
+                                   "SDAdam=#1F\nSDGeneric = -3.25\n");
     EXPECT_EQ(ConvertWith(good).err, "");
     EXPECT_EQ(ConvertWith(folder() + "/missing/registry.ini").err, "");
 }
