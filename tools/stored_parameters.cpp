@@ -68,7 +68,7 @@ std::string CheckStoredTime(const std::vector<StoredParameter>& parameters) {
         return "its Time parameter set lacks " + list;
     }
     for (std::size_t i = 0; i < kTimeParameters.size(); ++i) {
-        const std::string why = CheckValue(*Find(parameters, kTimeParameters[i]), i + 1 == kTimeParameters.size());
+        std::string why = CheckValue(*Find(parameters, kTimeParameters[i]), i + 1 == kTimeParameters.size());
         if (!why.empty()) return why;
     }
     return {};
