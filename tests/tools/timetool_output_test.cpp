@@ -284,7 +284,7 @@ TEST_P(TimetoolClosedPipe, EndsAtOnceAndQuietly) {
     const pid_t pid = Start(child);
     close(pipeEnds[1]);
     close(child.err);
-    EXPECT_EQ(ReadFirstLineAndClose(pipeEnds[0]), "Date and time (UTC)  Phase     Moon");
+    EXPECT_EQ(ReadFirstLineAndClose(pipeEnds[0]), "Date and time (UTC)  Phase     Lit     Moon                 Module");
     const Ended ended = Wait(pid, std::chrono::seconds(60));
     ASSERT_TRUE(ended.inTime);
     // Ended by SIGPIPE, as command-line tools are, whatever the caller did
