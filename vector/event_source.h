@@ -124,7 +124,7 @@ private:
     // the caller; the walk is out of line, which the append benchmark shows
     // pays.
     template <class Call>
-    [[gnu::noinline]] void NotifyEach(std::int32_t listeners, Call& call) {
+    [[gnu::noinline]] void NotifyEach(std::int32_t listeners, Call call) {
         for (std::int32_t i = 0; i < listeners; ++i) {
             Owner().Lock();
             IUnknown* listener = i < capacity && table[i] ? table[i]->listener : nullptr;
