@@ -38,10 +38,10 @@ install(TARGETS calendar_module_headers EXPORT CalendarModuleTargets
 install(TARGETS Calendar CollectionsEx LIBRARY DESTINATION ${CAL_INSTALL_MODULEDIR})
 install(TARGETS timetool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-# timetool finds the installed module folder from its own location.
+# timetool finds the installed module folder from its own location; the
+# loading code is in timetool_host.
 file(RELATIVE_PATH CAL_MODULE_DIR_FROM_BIN /${CMAKE_INSTALL_BINDIR} /${CAL_INSTALL_MODULEDIR})
-target_compile_definitions(timetool PRIVATE CAL_MODULE_DIR_FROM_BIN="${CAL_MODULE_DIR_FROM_BIN}")
-target_link_libraries(timetool PRIVATE cal_version)
+target_compile_definitions(timetool_host PRIVATE CAL_MODULE_DIR_FROM_BIN="${CAL_MODULE_DIR_FROM_BIN}")
 
 # timetool's manual page (share/man/man1/timetool.1) and bash completion
 # (share/bash-completion/completions/timetool) are installed here.

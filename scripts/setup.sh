@@ -8,7 +8,7 @@ packages=(
   libhowardhinnant-date-dev libhdate-dev hdate libnova-dev libicu-dev libboost-dev
   libcli11-dev nlohmann-json3-dev libpugixml-dev zlib1g-dev python3-ephem
   clang libclang-rt-14-dev valgrind clang-format clang-tidy
-  dpkg-dev file pkgconf
+  dpkg-dev file pkgconf scdoc bash-completion man-db groff-base
 )
 missing=()
 for p in "${packages[@]}"; do

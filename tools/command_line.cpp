@@ -7,7 +7,9 @@
 #include <string>
 #include <string_view>
 
+#include "calendar_module_version.h"
 #include "commands.h"
+#include "module_session.h"
 #include "quoted_text.h"
 #include "tool_error.h"
 
@@ -29,6 +31,30 @@ Exit status: 0 done; 2 bad input, with one line on standard error naming the arg
 1 the module cannot be loaded or fails, or output cannot be written. A registry file that
 cannot be read or holds a malformed line or value gets one warning when a run uses Adam or
 Generic.)";
+
+constexpr std::string_view kExamples = R"(
+
+Examples:
+  timetool                                    now in every calendar, with sun and moon
+  timetool convert 2024-06-21 --to hebrew     a Gregorian date in the Hebrew calendar
+  timetool convert 5784-Sivan-15 --from hebrew
+  timetool show 1582-10-04 --from julian --calendar western
+  timetool sun 2024-06-21 --lat 51.48N --lon 0.0E --days 7
+  timetool month 2024-02
+  timetool save day.xml 2024-06-21T12:00 && timetool load day.xml
+  seq 1 5 | timetool window 3
+
+The module folder: CALENDAR_MODULE_DIR, else _binlinux beside timetool (build
+tree), else the installed one; --version says which is used.)";
+
+// "timetool 1.0.0 (commit 1a2b3c4)" and the module folder with the rule that chose it.
+std::string VersionText() {
+    std::string text = std::string("timetool ") + kCalendarModuleVersion;
+    if (kCalendarModuleCommit[0] != '\0') text += std::string(" (commit ") + kCalendarModuleCommit + ")";
+    const ModuleFolderChoice folder = ChooseModuleFolder();
+    text += "\nmodule folder: " + folder.path + " (" + folder.reason + ")";
+    return text;
+}
 
 bool IsCommand(std::string_view word) {
     for (std::string_view command : kCommands) {
@@ -57,8 +83,9 @@ int Run(int argc, char** argv) {
         "timetool: dates in seven calendars, star dates, sunrise, sunset and the moon, "
         "through the Calendar module. Without a command it shows the current instant."};
     app.name("timetool");
-    app.footer(std::string(kWhenGrammar) + std::string(kStatusHelp));
+    app.footer(std::string(kWhenGrammar) + std::string(kStatusHelp) + std::string(kExamples));
     app.fallthrough();
+    app.set_version_flag("--version", VersionText, "print the version and the module folder used, and exit");
     ShowOptions defaultView;
     std::string fixedNow;
     app.add_flag("--json", defaultView.json, "print the default view as one JSON document");

@@ -1,10 +1,6 @@
 #include "module_session.h"
 
-#include <dlfcn.h>
-#include <unistd.h>
-
-#include <cstdio>
-#include <cwchar>
+#include <filesystem>
 
 #include "tool_error.h"
 
@@ -12,87 +8,48 @@ namespace timetool {
 
 namespace {
 
-[[noreturn]] void FailLoad(const std::string& path, const char* reason) {
-    std::string why = reason ? reason : "unknown error";
-    if (why.starts_with(path + ": ")) why.erase(0, path.size() + 2);  // the loader repeats the path
-    throw ToolError{kExitModule, "timetool: cannot load module " + path + " (" + why + ")"};
-}
+// "/usr/lib/x86_64-linux-gnu/calendar-module/_binlinux" rather than the same
+// folder reached through "/usr/bin/../lib/...".
+std::string Normal(const std::string& path) { return std::filesystem::path(path).lexically_normal().string(); }
 
-void* OpenLibrary(const std::string& path) {
-    // Libraries stay loaded for the life of the process, as the framework expects.
-    void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!handle) FailLoad(path, dlerror());
-    return handle;
-}
-
-template <class Proc>
-Proc Resolve(void* handle, const std::string& path, const char* symbol) {
-    void* found = dlsym(handle, symbol);
-    if (!found) FailLoad(path, (std::string("no symbol ") + symbol).c_str());
-    return reinterpret_cast<Proc>(found);
+calendar_module::ModuleHost LoadOrFail(const std::string& folder) {
+    calendar_module::ModuleHost host(folder);
+    if (!host.loaded()) throw ToolError{kExitModule, "timetool: " + host.failure().Message()};
+    return host;
 }
 
 }  // namespace
 
-std::string ModuleFolder() {
-    char buffer[4096];
-    const ssize_t n = readlink("/proc/self/exe", buffer, sizeof buffer - 1);
-    std::string exe = n > 0 ? std::string(buffer, static_cast<std::size_t>(n)) : std::string(".");
-    const std::size_t slash = exe.rfind('/');
-    const std::string folder = slash == std::string::npos ? std::string(".") : exe.substr(0, slash);
-    return folder + "/_binlinux";
-}
-
-ModuleSession::ModuleSession() : ModuleSession(ModuleFolder()) {}
-
-ModuleSession::ModuleSession(const std::string& folder) {
-    const std::string kitPath = folder + "/CollectionsEx.so";
-    const std::string calendarPath = folder + "/Calendar.so";
-
-    void* calendar = OpenLibrary(calendarPath);
-    calendarCreate_ = Resolve<CreateFunctionProc>(calendar, calendarPath, "CreateFunction");
-    auto initialize = Resolve<InitializeModuleProc>(calendar, calendarPath, kInitializeModuleSymbol);
-    void* kit = OpenLibrary(kitPath);
-    auto kitCreate = Resolve<CreateFunctionProc>(kit, kitPath, "CreateFunction");
-
-    static const wchar_t kCollectionName[] = L"GlobalComponentCollection";
-    CREATEFUNCTION createCollection = nullptr;
-    if (FAILED(
-            kitCreate(static_cast<std::int32_t>(std::wcslen(kCollectionName)), kCollectionName, &createCollection)) ||
-        !createCollection) {
-        FailLoad(kitPath, "no GlobalComponentCollection");
+ModuleFolderChoice ChooseModuleFolder() {
+    using calendar_module::FindModuleFolder;
+    const calendar_module::ModuleFolder chosen = FindModuleFolder(calendar_module::kModuleFolderVariable, {});
+    if (!chosen.path.empty()) {
+        return {chosen.path, std::string("set by ") + calendar_module::kModuleFolderVariable, chosen.found};
     }
-    static const IID kCollectionIid = InterfaceId("IComponentCollection");
-    const HRESULT hr = createCollection(nullptr, &kCollectionIid, collection_.put_void());
-    if (FAILED(hr) || !collection_) FailLoad(kitPath, ("GlobalComponentCollection failed " + FormatResult(hr)).c_str());
-    initialize(nullptr, collection_.get());
+    const calendar_module::ModuleFolder buildTree = FindModuleFolder(nullptr, {calendar_module::kModuleFolderName});
+    if (buildTree.found) return {buildTree.path, "build tree", true};
+    const calendar_module::ModuleFolder installed = FindModuleFolder(nullptr, {CAL_MODULE_DIR_FROM_BIN});
+    if (installed.found) return {Normal(installed.path), "installed tree", true};
+    return {buildTree.path, "no module beside the executable nor in " + Normal(installed.path), false};
 }
+
+ModuleSession::ModuleSession() : ModuleSession(ChooseModuleFolder().path) {}
+
+ModuleSession::ModuleSession(const std::string& folder) : host_(LoadOrFail(folder)) {}
 
 void ModuleSession::CreateComponent(const wchar_t* name, const IID& iid, void** out) const {
-    CREATEFUNCTION create = nullptr;
-    const auto length = static_cast<std::int32_t>(std::wcslen(name));
-    if (FAILED(calendarCreate_(length, name, &create)) || !create) {
-        CheckModule(E_FAIL, "CreateFunction");
-    }
-    CheckModule(create(nullptr, &iid, out), "component creation");
+    if (!host_.calendar().Factory(name)) CheckModule(E_FAIL, "CreateFunction");
+    CheckModule(host_.CreateComponent(name, iid, out), "component creation");
 }
 
 void ModuleSession::CreateKitComponent(const wchar_t* name, const IID& iid, void** out) const {
-    CheckModule(collection_->GetComponent(static_cast<std::int32_t>(std::wcslen(name)), name, &iid, out),
-                "IComponentCollection::GetComponent");
-    if (!*out) CheckModule(E_FAIL, "IComponentCollection::GetComponent");
+    CheckModule(host_.CreateKitComponent(name, iid, out), "IComponentCollection::GetComponent");
 }
 
 void CheckModule(HRESULT hr, const char* operation) {
     if (SUCCEEDED(hr)) return;
     throw ToolError{kExitModule, std::string("timetool: ") + operation + " failed with " + FormatResult(hr) +
                                      (hr == E_NOTIMPL ? " (not implemented by the module yet)" : "")};
-}
-
-std::string FormatResult(HRESULT hr) {
-    char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "0x%08X", static_cast<unsigned>(hr));
-    return buffer;
 }
 
 }  // namespace timetool

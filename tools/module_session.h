@@ -1,15 +1,12 @@
 // The framework as timetool hosts it: Calendar.so and the host kit
-// CollectionsEx.so loaded from the _binlinux folder beside the executable,
-// the kit's global collection handed to the module, components created
-// through the entry points.
+// CollectionsEx.so loaded from one module folder through the installed host
+// helper, the kit's global collection handed to the module, components
+// created through the entry points. Failures become ToolErrors (status 1).
 #pragma once
 
 #include <string>
 
-#include "com_types.h"
-#include "framework_interfaces.h"
-#include "module_entry.h"
-#include "module_interfaces.h"
+#include "module_host.h"
 
 namespace timetool {
 
@@ -19,15 +16,26 @@ IID InterfaceId(const char (&name)[N]) {
     return IIDFromName(std::string_view(name, N - 1));
 }
 
-// The folder holding the module libraries: "_binlinux" next to the running
-// executable, whatever the current directory.
-std::string ModuleFolder();
+using calendar_module::FormatResult;
+
+// The module folder timetool uses and why, as --version reports it.
+struct ModuleFolderChoice {
+    std::string path;
+    std::string reason;  // "set by CALENDAR_MODULE_DIR", "build tree", "installed tree" or what is missing
+    bool found = false;  // whether Calendar.so is there
+};
+
+// CALENDAR_MODULE_DIR when set and not empty; else "_binlinux" beside the
+// executable (the build tree); else the installed module folder, found from
+// the executable's own folder. When neither holds Calendar.so the build-tree
+// folder is chosen, so the load failure names where timetool looked first.
+ModuleFolderChoice ChooseModuleFolder();
 
 class ModuleSession {
 public:
-    // Loads both libraries from `folder` (ModuleFolder() by default) and
-    // installs the global collection; throws ToolError (status 1, naming the
-    // path tried) when that fails.
+    // Loads both libraries from `folder` (ChooseModuleFolder() by default)
+    // and installs the global collection; throws ToolError (status 1,
+    // naming the path tried) when that fails.
     ModuleSession();
     explicit ModuleSession(const std::string& folder);
     ModuleSession(const ModuleSession&) = delete;
@@ -53,14 +61,10 @@ public:
     }
 
 private:
-    CreateFunctionProc calendarCreate_ = nullptr;
-    SmartPtr<IComponentCollection> collection_;
+    calendar_module::ModuleHost host_;
 };
 
 // Throws ToolError (status 1) naming the operation when hr is a failure.
 void CheckModule(HRESULT hr, const char* operation);
-
-// "0x80004001".
-std::string FormatResult(HRESULT hr);
 
 }  // namespace timetool
