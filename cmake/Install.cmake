@@ -6,6 +6,8 @@
 #   <libdir>/cmake/CalendarModule/        find_package(CalendarModule CONFIG)
 #   <libdir>/pkgconfig/calendar-module.pc
 #   share/doc/calendar-module/            README, guides, formats, the host example
+#   share/man/man1/timetool.1             timetool's manual page
+#   share/bash-completion/completions/timetool
 # The two libraries are opened with dlopen by path, never linked, so nothing
 # installed carries an RPATH.
 include(GNUInstallDirs)
@@ -43,8 +45,27 @@ install(TARGETS timetool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 file(RELATIVE_PATH CAL_MODULE_DIR_FROM_BIN /${CMAKE_INSTALL_BINDIR} /${CAL_INSTALL_MODULEDIR})
 target_compile_definitions(timetool_host PRIVATE CAL_MODULE_DIR_FROM_BIN="${CAL_MODULE_DIR_FROM_BIN}")
 
-# timetool's manual page (share/man/man1/timetool.1) and bash completion
-# (share/bash-completion/completions/timetool) are installed here.
+# timetool's manual page, rendered by scdoc when it is present (the package
+# build sets CAL_REQUIRE_MAN_PAGE so that it cannot be left out), and its bash
+# completion, loaded by bash-completion on first use of the command.
+option(CAL_REQUIRE_MAN_PAGE "Fail to configure when scdoc is missing" OFF)
+find_program(SCDOC_EXECUTABLE scdoc)
+if(SCDOC_EXECUTABLE)
+  set(CAL_MAN_PAGE ${CMAKE_BINARY_DIR}/man/timetool.1)
+  add_custom_command(OUTPUT ${CAL_MAN_PAGE}
+    COMMAND ${CMAKE_COMMAND} -DSCDOC=${SCDOC_EXECUTABLE} -DPAGE=${CMAKE_SOURCE_DIR}/docs/timetool.1.scd
+            -DGRAMMAR=${CMAKE_SOURCE_DIR}/tools/commands.h -DOUTPUT=${CAL_MAN_PAGE}
+            -P ${CMAKE_CURRENT_LIST_DIR}/ManPage.cmake
+    DEPENDS ${CMAKE_SOURCE_DIR}/docs/timetool.1.scd ${CMAKE_SOURCE_DIR}/tools/commands.h
+            ${CMAKE_CURRENT_LIST_DIR}/ManPage.cmake
+    COMMENT "Rendering timetool.1")
+  add_custom_target(timetool_man_page ALL DEPENDS ${CAL_MAN_PAGE})
+  install(FILES ${CAL_MAN_PAGE} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+elseif(CAL_REQUIRE_MAN_PAGE)
+  message(FATAL_ERROR "scdoc is needed for timetool.1: bash scripts/setup.sh installs it")
+endif()
+install(FILES ${CMAKE_SOURCE_DIR}/tools/completion/timetool.bash
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions RENAME timetool)
 
 # The CMake package.
 install(EXPORT CalendarModuleTargets NAMESPACE CalendarModule:: DESTINATION ${CAL_INSTALL_CMAKEDIR})
@@ -73,7 +94,8 @@ install(FILES ${CMAKE_SOURCE_DIR}/README.md DESTINATION ${CAL_INSTALL_DOCDIR})
 if(EXISTS ${CMAKE_SOURCE_DIR}/COMPATIBILITY.md)
   install(FILES ${CMAKE_SOURCE_DIR}/COMPATIBILITY.md DESTINATION ${CAL_INSTALL_DOCDIR})
 endif()
-install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/ DESTINATION ${CAL_INSTALL_DOCDIR}/docs)
+# The manual page's source is installed rendered, under share/man.
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/ DESTINATION ${CAL_INSTALL_DOCDIR}/docs PATTERN "*.scd" EXCLUDE)
 install(FILES ${CMAKE_SOURCE_DIR}/hostkit/REGISTRY.md DESTINATION ${CAL_INSTALL_DOCDIR}/hostkit)
 install(FILES ${CMAKE_SOURCE_DIR}/hostkit/streams/FORMATS.md DESTINATION ${CAL_INSTALL_DOCDIR}/hostkit/streams)
 install(FILES ${CMAKE_SOURCE_DIR}/examples/host/CMakeLists.txt ${CMAKE_SOURCE_DIR}/examples/host/host_example.cpp

@@ -1,0 +1,61 @@
+# bash completion for timetool: the commands, the options of each command,
+# calendar names after --calendar, --from and --to, file names for save and
+# load. Installed as share/bash-completion/completions/timetool, which
+# bash-completion loads the first time timetool is completed.
+
+_timetool() {
+    local cur prev words cword split
+    _init_completion -s || return
+
+    local commands="show convert sun moon month save load window"
+    local kinds="gregorian julian western hebrew hebrew0 hebrew1 hebrew-mean adam generic"
+    # Options that take a value, so that the value is not read as an argument.
+    local valued="--now --from --calendar --to --lat --lon --days"
+
+    case $prev in
+        --calendar | --from)
+            mapfile -t COMPREPLY < <(compgen -W "$kinds" -- "$cur")
+            return
+            ;;
+        --to)
+            mapfile -t COMPREPLY < <(compgen -W "$kinds all" -- "$cur")
+            return
+            ;;
+        --now | --lat | --lon | --days)
+            return
+            ;;
+    esac
+    $split && return
+
+    local command="" arguments=0 i
+    for ((i = 1; i < cword; i++)); do
+        if [[ -z $command && " $commands " == *" ${words[i]} "* ]]; then
+            command=${words[i]}
+        elif [[ -n $command && ${words[i]} != -* && " $valued " != *" ${words[i - 1]} "* ]]; then
+            arguments=$((arguments + 1))
+        fi
+    done
+
+    local options
+    case $command in
+        "") options="-h --help --version --json --now" ;;
+        show) options="-h --help --from --calendar --lat --lon --json" ;;
+        convert) options="-h --help --from --to --json" ;;
+        sun) options="-h --help --from --lat --lon --days --json" ;;
+        moon) options="-h --help --from --days --json" ;;
+        month) options="-h --help --calendar --from --json" ;;
+        save) options="-h --help --from --json" ;;
+        load) options="-h --help --json" ;;
+        window) options="-h --help --events --json" ;;
+    esac
+    if [[ $cur == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")
+        [[ ${COMPREPLY[*]} == *= ]] && compopt -o nospace
+        return
+    fi
+    case $command in
+        "") mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$cur") ;;
+        save | load) ((arguments == 0)) && _filedir ;;
+    esac
+} &&
+    complete -F _timetool timetool
