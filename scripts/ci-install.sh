@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# The project as people receive it: a release build installed into a
-# temporary prefix, the installed timetool run from /, examples/host built
+# The project as people receive it: a release build for the /usr prefix
+# installed into a temporary prefix, the installed timetool run from /, its
+# manual page rendered and its completion loaded in bash, examples/host built
 # against the installed package from outside the tree and run, the Debian
 # package built, its contents checked, and the package extracted into a
 # temporary folder (never installed on this machine) and used the same way.
@@ -27,10 +28,15 @@ quiet() {
 }
 
 step "release build in $build"
-quiet cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCAL_BUILD_TESTS=OFF -DCAL_BUILD_BENCH=OFF
+# Configured for /usr, as the Debian package is, so that the library folder
+# is the multiarch one; --prefix moves the trial installation elsewhere.
+quiet cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCAL_BUILD_TESTS=OFF -DCAL_BUILD_BENCH=OFF \
+  -DCMAKE_INSTALL_PREFIX=/usr -DCAL_REQUIRE_MAN_PAGE=ON
 quiet cmake --build "$build" -j2
 libdir=$(sed -n 's/^CMAKE_INSTALL_LIBDIR:PATH=//p' "$build/CMakeCache.txt")
-[ -n "$libdir" ] || fail "no CMAKE_INSTALL_LIBDIR in $build/CMakeCache.txt"
+version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$build/CMakeCache.txt")
+multiarch=$(dpkg-architecture -qDEB_HOST_MULTIARCH)
+[ "$libdir" = "lib/$multiarch" ] || fail "CMAKE_INSTALL_LIBDIR is '$libdir', expected lib/$multiarch"
 
 # Every file an installation holds, relative to its prefix.
 expected_files() {
@@ -43,9 +49,11 @@ expected_files() {
   echo "$libdir/cmake/CalendarModule/CalendarModuleConfigVersion.cmake"
   echo "$libdir/cmake/CalendarModule/CalendarModuleTargets.cmake"
   echo "$libdir/pkgconfig/calendar-module.pc"
+  echo share/man/man1/timetool.1
+  echo share/bash-completion/completions/timetool
   echo share/doc/calendar-module/README.md
   if [ -f COMPATIBILITY.md ]; then echo share/doc/calendar-module/COMPATIBILITY.md; fi
-  while IFS= read -r doc; do echo "share/doc/calendar-module/$doc"; done < <(find docs -type f)
+  while IFS= read -r doc; do echo "share/doc/calendar-module/$doc"; done < <(find docs -type f ! -name '*.scd')
   echo share/doc/calendar-module/hostkit/REGISTRY.md
   echo share/doc/calendar-module/hostkit/streams/FORMATS.md
   echo share/doc/calendar-module/examples/host/CMakeLists.txt
@@ -63,25 +71,28 @@ same_files() {  # <what> <file listing the found files>
 # Gregorian 21 June 2024 is 8 June 2024 in the Julian calendar.
 timetool_converts() {  # <timetool>
   local out
-  out=$(cd / && "$1" convert 2024-06-21 --to julian 2>&1) || fail "$1 convert: $out"
+  out=$(cd / && env -u CALENDAR_MODULE_DIR "$1" convert 2024-06-21 --to julian 2>&1) || fail "$1 convert: $out"
   grep -q "8 June 2024" <<<"$out" || fail "$1 convert gave: $out"
 }
 
-# timetool from /: help, and a conversion through the installed module.
+# timetool from /: help, a conversion through the installed module folder,
+# --version naming that folder, and the environment variable overriding it.
 check_timetool() {  # <prefix>
   local prefix=$1 out status
   out=$(cd / && "$prefix/bin/timetool" --help 2>&1) || fail "$prefix/bin/timetool --help: $out"
   grep -q "Usage: timetool" <<<"$out" || fail "$prefix/bin/timetool --help gave: $out"
 
-  # timetool still looks for its module folder beside itself only, so the
-  # installed one cannot find the module yet and says where it looked. Once
-  # it also looks relative to itself (CAL_MODULE_DIR_FROM_BIN), replace this
-  # check by: timetool_converts "$prefix/bin/timetool".
+  timetool_converts "$prefix/bin/timetool"
+  out=$(cd / && "$prefix/bin/timetool" --version 2>&1) || fail "$prefix/bin/timetool --version: $out"
+  grep -qxF "module folder: $prefix/$libdir/calendar-module/_binlinux (installed tree)" <<<"$out" ||
+    fail "installed timetool --version gave: $out"
+  grep -qE "^timetool $version( \(commit [^)]+\))?\$" <<<"$out" || fail "installed timetool --version gave: $out"
+
   status=0
-  out=$(cd / && "$prefix/bin/timetool" convert 2024-06-21 --to julian 2>&1) || status=$?
-  [ "$status" -eq 1 ] || fail "installed timetool: exit $status, expected 1 while it looks beside itself: $out"
-  grep -qF "cannot load module $prefix/bin/_binlinux/Calendar.so" <<<"$out" ||
-    fail "installed timetool gave: $out"
+  out=$(cd / && CALENDAR_MODULE_DIR="$work/no-module" "$prefix/bin/timetool" convert 2024-06-21 2>&1) || status=$?
+  [ "$status" -eq 1 ] || fail "installed timetool with CALENDAR_MODULE_DIR unusable: exit $status: $out"
+  grep -qF "cannot load module $work/no-module/Calendar.so" <<<"$out" ||
+    fail "installed timetool with CALENDAR_MODULE_DIR unusable gave: $out"
 
   # The installed binaries work together: timetool beside a link to the
   # installed module folder.
@@ -90,6 +101,24 @@ check_timetool() {  # <prefix>
   ln -sfn "$prefix/$libdir/calendar-module/_binlinux" "$work/beside/_binlinux"
   timetool_converts "$work/beside/timetool"
   rm -rf "$work/beside"
+}
+
+# The manual page renders without a warning and holds the grammar of --help;
+# the completion is found where bash-completion looks for it and completes a
+# command and a KIND name for the installed timetool.
+check_manual_and_completion() {  # <prefix>
+  local prefix=$1 out
+  MANWIDTH=80 man -l "$prefix/share/man/man1/timetool.1" >"$work/timetool.txt" 2>"$log" ||
+    fail "man -l timetool.1: $(cat "$log")"
+  [ ! -s "$log" ] || fail "man -l timetool.1 warns: $(cat "$log")"
+  for text in "sd:DAYS" "0 is 1 BC, -1 is 2 BC" "CALENDAR_MODULE_DIR" "EXIT STATUS"; do
+    grep -qF -- "$text" "$work/timetool.txt" || fail "the rendered manual page lacks '$text'"
+  done
+  out=$(XDG_DATA_DIRS="$prefix/share" bash -c 'source /usr/share/bash-completion/bash_completion &&
+    __load_completion timetool && complete -p timetool' 2>&1) || fail "bash-completion does not find timetool's completion: $out"
+  grep -qF "_timetool timetool" <<<"$out" || fail "bash-completion loaded: $out"
+  quiet bash tests/host/timetool_docs_test.sh completion "$prefix/bin/timetool" \
+    "$prefix/share/bash-completion/completions/timetool"
 }
 
 # examples/host as installed, built against the package under prefix from a
@@ -118,6 +147,9 @@ done
 step "installed timetool from /"
 check_timetool "$prefix"
 
+step "manual page and completion"
+check_manual_and_completion "$prefix"
+
 step "examples/host against the installed package"
 check_example "$prefix" "$work/example"
 
@@ -126,7 +158,7 @@ pc_dir="$prefix/$libdir/pkgconfig"
 moduledir=$(PKG_CONFIG_PATH="$pc_dir" pkg-config --variable=moduledir calendar-module)
 [ "$(realpath "$moduledir")" = "$prefix/$libdir/calendar-module/_binlinux" ] || fail "moduledir is $moduledir"
 cflags=$(PKG_CONFIG_PATH="$pc_dir" pkg-config --cflags calendar-module)
-[ "$(PKG_CONFIG_PATH="$pc_dir" pkg-config --modversion calendar-module)" = "$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$build/CMakeCache.txt")" ] ||
+[ "$(PKG_CONFIG_PATH="$pc_dir" pkg-config --modversion calendar-module)" = "$version" ] ||
   fail "pkg-config version differs from the project's"
 # shellcheck disable=SC2086  # the flags are words
 quiet g++ -std=c++20 -fsyntax-only $cflags -DCALENDAR_MODULE_DIR="\"$moduledir\"" \
@@ -138,6 +170,8 @@ deb=$(find "$work/deb" -maxdepth 1 -name 'calendar-module_*_amd64.deb')
 [ -n "$deb" ] || fail "cpack made no .deb"
 dpkg-deb -c "$deb" | awk '$1 !~ /^d/ {print $6}' | sed 's|^\./usr/||' | sort >"$work/packaged"
 same_files "the package" "$work/packaged"
+grep -qxF "$libdir/calendar-module/_binlinux/Calendar.so" "$work/packaged" ||
+  fail "the package's module folder is not under /usr/$libdir"
 depends=$(dpkg-deb -f "$deb" Depends)
 for needed in libc6 libstdc++6; do
   grep -q "$needed" <<<"$depends" || fail "Depends lacks $needed: $depends"
@@ -146,6 +180,7 @@ done
 step "extracted package"
 dpkg-deb -x "$deb" "$work/extracted"
 check_timetool "$work/extracted/usr"
+check_manual_and_completion "$work/extracted/usr"
 check_example "$work/extracted/usr" "$work/example-deb"
 
 step "all checks hold; $(basename "$deb") ($(stat -c %s "$deb") bytes), depends on $depends"
