@@ -10,6 +10,7 @@
 #include "calendar_module_version.h"
 #include "commands.h"
 #include "module_session.h"
+#include "output_charset.h"
 #include "quoted_text.h"
 #include "tool_error.h"
 
@@ -88,8 +89,11 @@ int Run(int argc, char** argv) {
     app.set_version_flag("--version", VersionText, "print the version and the module folder used, and exit");
     ShowOptions defaultView;
     std::string fixedNow;
+    bool ascii = false;
     app.add_flag("--json", defaultView.json, "print the default view as one JSON document");
     app.add_option("--now", fixedNow, "the instant now and today stand for (a WHEN read as Gregorian)");
+    app.add_flag("--ascii", ascii,
+                 "write text in ASCII (degree sign, moon glyphs), as outside a UTF-8 locale; JSON stays UTF-8");
     app.require_subcommand(0, 1);
     AddShowCommand(app);
     AddConvertCommand(app);
@@ -107,8 +111,9 @@ int Run(int argc, char** argv) {
     }
     // --now is read before any command runs; the variable stands in when it is absent.
     SetFixedNow({});
-    app.parse_complete_callback([&app, &fixedNow] {
+    app.parse_complete_callback([&app, &fixedNow, &ascii] {
         RefuseEmptyValues(app);
+        SetOutputCharset(ascii ? Charset::Ascii : EnvironmentCharset());
         if (fixedNow.empty()) {
             const char* variable = std::getenv("TIMETOOL_NOW");
             if (variable) fixedNow = variable;

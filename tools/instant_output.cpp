@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "calendar_kind.h"
+#include "output_charset.h"
 
 namespace timetool {
 
@@ -108,7 +109,7 @@ Json CalendarJson(const CalendarLine& line) {
     return json;
 }
 
-std::string FormatDegrees(double degrees) { return FormatFixed(degrees, 2) + "\xC2\xB0"; }
+std::string FormatDegrees(double degrees) { return FormatFixed(degrees, 2) + std::string(DegreeSign()); }
 
 std::string SunEventText(const SunEventReport& event) {
     if (event.instant) return FormatUtcText(*event.instant) + " UTC";
@@ -142,7 +143,7 @@ std::string MoonText(const MoonReport& moon) {
     std::string out;
     if (std::isfinite(moon.phase)) {
         out += LabelledLine("Moon", FormatDegrees(moon.phase) + " " + std::string(moon.name.name) + " " +
-                                        std::string(moon.name.glyph) + ", " + FormatFixed(moon.illuminated * 100.0, 1) +
+                                        std::string(TextGlyph(moon.name.glyph)) + ", " + FormatFixed(moon.illuminated * 100.0, 1) +
                                         "% lit");
     } else {
         out += LabelledLine("Moon", std::string(sky::kUnknownYearsReason));

@@ -7,6 +7,7 @@
 #include "commands.h"
 #include "instant_output.h"
 #include "month_grid.h"
+#include "output_charset.h"
 #include "quoted_text.h"
 #include "tool_context.h"
 #include "tool_error.h"
@@ -34,9 +35,9 @@ struct MonthDay {
 // crescent or gibbous glyph of their stretch, so each quarter's glyph stands
 // on exactly one day. Outside the known years a day carries no mark.
 std::string_view DayMark(const MonthDay& day) {
-    if (day.quarter) return QuarterName(day.quarter->quarter).glyph;
+    if (day.quarter) return TextGlyph(QuarterName(day.quarter->quarter).glyph);
     if (!std::isfinite(day.moon.phase)) return "";
-    return BetweenQuartersName(day.moon.phase).glyph;
+    return TextGlyph(BetweenQuartersName(day.moon.phase).glyph);
 }
 
 // How far from the module's own day number of day 1 the month is looked for

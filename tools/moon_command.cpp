@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <memory>
@@ -5,6 +6,7 @@
 #include "arguments.h"
 #include "commands.h"
 #include "instant_output.h"
+#include "output_charset.h"
 #include "quoted_text.h"
 #include "tool_context.h"
 #include "tool_error.h"
@@ -28,9 +30,12 @@ std::string Padded(std::string text, std::size_t width) {
 std::string MoonRowText(const MoonReport& moon) {
     std::string line = FormatUtcText(moon.instant) + "  ";
     if (std::isfinite(moon.phase)) {
-        // The degree sign is two bytes and one column; the glyph takes two.
-        line += Padded(FormatDegrees(moon.phase), 11) + Padded(FormatFixed(moon.illuminated * 100.0, 1) + "%", 8) +
-                std::string(moon.name.glyph) + " " + Padded(std::string(moon.name.name), 18);
+        // The phase takes ten columns whatever the bytes of its degree sign;
+        // the glyph takes two.
+        const std::string degrees = FormatDegrees(moon.phase);
+        line += Padded(degrees, degrees.size() + 10 - std::min<std::size_t>(NarrowTextColumns(degrees), 9)) +
+                Padded(FormatFixed(moon.illuminated * 100.0, 1) + "%", 8) + std::string(TextGlyph(moon.name.glyph)) +
+                " " + Padded(std::string(moon.name.name), 18);
     } else {
         line += std::string(sky::kUnknownYearsReason) + "  ";
     }

@@ -14,6 +14,7 @@
 #include "stored_parameters.h"
 #include "tool_context.h"
 #include "tool_error.h"
+#include "output_charset.h"
 #include "wide_text.h"
 
 namespace timetool {
@@ -119,7 +120,7 @@ std::string FieldsText(const Json& fields) {
     std::string text;
     for (const auto& [name, value] : fields.items()) {
         if (!text.empty()) text += ", ";
-        text += name + " " + (value.is_number_float() ? FormatLinuxTime(value.get<double>()) : value.dump());
+        text += PlainText(name) + " " + (value.is_number_float() ? FormatLinuxTime(value.get<double>()) : value.dump());
     }
     return text;
 }
