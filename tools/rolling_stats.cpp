@@ -1,5 +1,6 @@
 #include "rolling_stats.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -80,6 +81,12 @@ void RollingStats::Push(double entering, std::optional<double> leaving) {
 
     const std::int64_t sequence = entered_++;
     const std::int64_t oldestKept = entered_ - count_;
+    ++pushesSinceRefresh_;
+    if (std::isfinite(entering)) {
+        const double magnitude = std::fabs(entering);
+        while (!magnitudes_.empty() && magnitudes_.back().second <= magnitude) magnitudes_.pop_back();
+        magnitudes_.emplace_back(sequence, magnitude);
+    }
     if (!std::isnan(entering)) {
         while (!minima_.empty() && minima_.back().second >= entering) minima_.pop_back();
         minima_.emplace_back(sequence, entering);
@@ -88,6 +95,25 @@ void RollingStats::Push(double entering, std::optional<double> leaving) {
     }
     while (!minima_.empty() && minima_.front().first < oldestKept) minima_.pop_front();
     while (!maxima_.empty() && maxima_.front().first < oldestKept) maxima_.pop_front();
+    while (!magnitudes_.empty() && magnitudes_.front().first < oldestKept) magnitudes_.pop_front();
+}
+
+bool RollingStats::WantsWindow() const {
+    if (finite_ == 0) return false;
+    // 2^20: what is left of a departed value's rounding stays below about
+    // 2e-10 of the largest value in the window.
+    constexpr double kAllowedRatio = 1048576.0;
+    return pushesSinceRefresh_ >= capacity_ || roundingScale_ > kAllowedRatio * magnitudes_.front().second;
+}
+
+void RollingStats::Refresh(std::span<const double> window) {
+    finite_ = 0;
+    sum_ = compensation_ = mean_ = squares_ = 0.0;
+    roundingScale_ = 0.0;
+    for (const double value : window) {
+        if (std::isfinite(value)) AddFinite(value);
+    }
+    pushesSinceRefresh_ = 0;
 }
 
 // Neumaier's compensated sum for the total; Welford's update for the
@@ -96,6 +122,7 @@ void RollingStats::AddFinite(double value) {
     const double total = sum_ + value;
     compensation_ += std::fabs(sum_) >= std::fabs(value) ? (sum_ - total) + value : (value - total) + sum_;
     sum_ = total;
+    roundingScale_ = std::max(roundingScale_, std::fabs(value));
     ++finite_;
     const double delta = value - mean_;
     mean_ += delta / static_cast<double>(finite_);
@@ -108,6 +135,7 @@ void RollingStats::RemoveFinite(double value) {
         // An empty set of finite values restarts from exact zeros, so rounding
         // left by earlier values never outlives them.
         sum_ = compensation_ = mean_ = squares_ = 0.0;
+        roundingScale_ = 0.0;
         return;
     }
     const double total = sum_ - value;

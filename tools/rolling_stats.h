@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <deque>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -26,6 +27,14 @@ public:
     // Adds `entering` to the window. A full window must be given the value
     // that leaves it (its oldest); a window that is not full must not.
     void Push(double entering, std::optional<double> leaving);
+
+    // True when rounding left behind by values that have gone may exceed
+    // the allowance (a value far larger than the window holds now has left,
+    // or a window's worth of values has passed since the last Refresh).
+    // Asked after each Push; amortised, a Refresh reads one value per Push.
+    bool WantsWindow() const;
+    // Recomputes the running sums from the window, oldest first.
+    void Refresh(std::span<const double> window);
 
     std::int64_t count() const { return count_; }
     // Values of the current window; NaN where a statistic is undefined
@@ -53,10 +62,16 @@ private:
     double compensation_ = 0.0;
     double mean_ = 0.0;
     double squares_ = 0.0;
+    // The largest finite magnitude added since the sums were last exact, and
+    // the number of values pushed since.
+    double roundingScale_ = 0.0;
+    std::int64_t pushesSinceRefresh_ = 0;
     // Candidates for the extremes as (sequence number, value): values rise
     // from front to back in minima_, fall in maxima_. NaNs are left out.
     std::deque<std::pair<std::int64_t, double>> minima_;
     std::deque<std::pair<std::int64_t, double>> maxima_;
+    // Candidates for the largest finite magnitude, falling front to back.
+    std::deque<std::pair<std::int64_t, double>> magnitudes_;
 };
 
 }  // namespace timetool

@@ -189,10 +189,15 @@ void RunStatistics(const WindowOptions& options, int capacity) {
     }
     InputWords input;
     std::string word;
+    std::vector<double> contents;
     bool first = true;
     while (out.writable() && input.Next(word)) {
         const double value = RequireNumber(word);
         rolling.Push(value, window.Push(value));
+        if (rolling.WantsWindow()) {
+            window.ReadInto(contents);
+            rolling.Refresh(contents);
+        }
         const std::vector<VectorEvent> events = watch.Take();
         if (options.json) {
             text += first ? "\n{\"value\":" : ",\n{\"value\":";

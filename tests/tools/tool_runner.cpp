@@ -84,7 +84,11 @@ ToolRun RunProgram(const std::string& program, const std::vector<std::string>& a
 
 ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input,
                     const std::vector<std::string>& environment) {
-    return RunProgram(TIMETOOL_PATH, args, input, environment);
+    std::vector<std::string> variables = environment;
+    bool localeGiven = false;
+    for (const std::string& variable : environment) localeGiven = localeGiven || variable.rfind("LC_ALL=", 0) == 0;
+    if (!localeGiven) variables.emplace_back("LC_ALL=C.UTF-8");
+    return RunProgram(TIMETOOL_PATH, args, input, variables);
 }
 
 ToolRun RunTimetoolAsNobody(const std::vector<std::string>& args, const std::vector<std::string>& environment) {

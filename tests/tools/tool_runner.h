@@ -20,7 +20,8 @@ ToolRun RunProgram(const std::string& program, const std::vector<std::string>& a
 // a file that does not exist, so the Adam and Generic calendars have no epoch.
 inline constexpr const char* kNoRegistry = "CALENDAR_REGISTRY=/nonexistent/timetool-tests/registry.ini";
 
-// Runs the built timetool.
+// Runs the built timetool, in the C.UTF-8 locale unless `environment` sets
+// LC_ALL: text output depends on the locale's character set.
 ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input = "",
                     const std::vector<std::string>& environment = {kNoRegistry});
 
