@@ -9,6 +9,7 @@ packages=(
   libcli11-dev nlohmann-json3-dev libpugixml-dev zlib1g-dev python3-ephem
   clang libclang-rt-14-dev valgrind clang-format clang-tidy
   dpkg-dev file pkgconf scdoc bash-completion man-db groff-base
+  locales
 )
 missing=()
 for p in "${packages[@]}"; do
