@@ -12,9 +12,9 @@
 #include "instant_output.h"
 #include "quoted_text.h"
 #include "stored_parameters.h"
+#include "output_charset.h"
 #include "tool_context.h"
 #include "tool_error.h"
-#include "output_charset.h"
 #include "wide_text.h"
 
 namespace timetool {

@@ -50,9 +50,9 @@ private:
     double Stddev() const;
 
     std::int64_t capacity_;
-    std::int64_t count_ = 0;     // values in the window, [0, capacity_]
-    std::int64_t entered_ = 0;   // values pushed so far; the sequence number of the next one
-    std::int64_t nans_ = 0;      // NaNs in the window
+    std::int64_t count_ = 0;    // values in the window, [0, capacity_]
+    std::int64_t entered_ = 0;  // values pushed so far; the sequence number of the next one
+    std::int64_t nans_ = 0;     // NaNs in the window
     std::int64_t positiveInfinities_ = 0;
     std::int64_t negativeInfinities_ = 0;
     // Finite values of the window: their count, a compensated sum, and the

@@ -35,7 +35,8 @@ inline double DirectStatistic(Statistic statistic, const std::vector<double>& wi
             return static_cast<double>(window.size());
         case Statistic::Sum:
         case Statistic::Mean: {
-            if (hasNaN || (hasPlus && hasMinus) || window.empty()) return window.empty() && statistic == Statistic::Sum ? 0.0 : kNaN;
+            if (hasNaN || (hasPlus && hasMinus) || window.empty())
+                return window.empty() && statistic == Statistic::Sum ? 0.0 : kNaN;
             if (hasPlus) return kInf;
             if (hasMinus) return -kInf;
             return static_cast<double>(statistic == Statistic::Sum ? sum : sum / n);

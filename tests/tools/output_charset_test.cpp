@@ -70,7 +70,9 @@ TEST_F(OutputCharsetTest, PlainTextInAsciiNamesEveryOtherCharacter) {
     EXPECT_EQ(timetool::PlainText("Year"), "Year");
     EXPECT_EQ(timetool::PlainText("Gr\xC3\xBC\xC3\x9F"), "Gr<U+00FC><U+00DF>");
     EXPECT_EQ(timetool::PlainText("\xF0\x9F\x8C\x95!"), "<U+1F315>!");
-    EXPECT_EQ(timetool::PlainText("a\xFF" "b\xC3"), "a<FF>b<C3>");
+    EXPECT_EQ(timetool::PlainText("a\xFF"
+                                  "b\xC3"),
+              "a<FF>b<C3>");
 }
 
 TEST(NarrowTextColumns, OnePerCharacter) {
@@ -90,6 +92,8 @@ TEST(AppendNumber, ShortestRoundTripAndNamedNonFinite) {
         {-0.0, "-0"},
         {1e300, "1e+300"},
         {100000000.0, "1e+08"},
+        {100.0, "100"},
+        {1200.0, "1200"},
         {1.0 / 3.0, "0.3333333333333333"},
         {std::numeric_limits<double>::infinity(), "inf"},
         {-std::numeric_limits<double>::infinity(), "-inf"},

@@ -17,10 +17,10 @@ using timetool::ParseStatistics;
 using timetool::RollingStats;
 using timetool::Statistic;
 
+using timetool_test::DirectStatistic;
 using timetool_test::kAllStatistics;
 using timetool_test::kInf;
 using timetool_test::kNaN;
-using timetool_test::DirectStatistic;
 using timetool_test::RandomStream;
 
 // Pushes `stream` through a window of `capacity`, checking every statistic
@@ -98,8 +98,8 @@ TEST(RollingStats, NaNIsNamedWhileInTheWindowAndForgottenAfter) {
     RollingStats rolling(2);
     rolling.Push(1.0, std::nullopt);
     rolling.Push(kNaN, std::nullopt);
-    for (const Statistic statistic : {Statistic::Sum, Statistic::Mean, Statistic::Min, Statistic::Max,
-                                      Statistic::Stddev}) {
+    for (const Statistic statistic :
+         {Statistic::Sum, Statistic::Mean, Statistic::Min, Statistic::Max, Statistic::Stddev}) {
         EXPECT_TRUE(std::isnan(rolling.Value(statistic))) << timetool::StatisticName(statistic);
     }
     EXPECT_EQ(rolling.Value(Statistic::Count), 2.0);

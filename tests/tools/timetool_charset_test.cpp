@@ -101,9 +101,11 @@ TEST(TimetoolCharset, Latin1LocaleGetsAscii) {
                              "localedef -i en_US -f UTF-8 " + locales.path() + "/wide 2>/dev/null";
     if (std::system(make.c_str()) != 0) GTEST_SKIP() << "localedef cannot build en_US here";
     const std::string path = "LOCPATH=" + locales.path();
-    const ToolRun latin = RunTimetool({"month", "2024-06"}, "", {kNoRegistry, path, "LC_ALL=", "LC_CTYPE=", "LANG=latin"});
+    const ToolRun latin =
+        RunTimetool({"month", "2024-06"}, "", {kNoRegistry, path, "LC_ALL=", "LC_CTYPE=", "LANG=latin"});
     EXPECT_EQ(latin.out, kAsciiJune2024);
-    const ToolRun wide = RunTimetool({"month", "2024-06"}, "", {kNoRegistry, path, "LC_ALL=", "LC_CTYPE=wide", "LANG=C"});
+    const ToolRun wide =
+        RunTimetool({"month", "2024-06"}, "", {kNoRegistry, path, "LC_ALL=", "LC_CTYPE=wide", "LANG=C"});
     EXPECT_EQ(wide.out, kUtf8June2024);
 }
 
