@@ -143,8 +143,8 @@ std::string MoonText(const MoonReport& moon) {
     std::string out;
     if (std::isfinite(moon.phase)) {
         out += LabelledLine("Moon", FormatDegrees(moon.phase) + " " + std::string(moon.name.name) + " " +
-                                        std::string(TextGlyph(moon.name.glyph)) + ", " + FormatFixed(moon.illuminated * 100.0, 1) +
-                                        "% lit");
+                                        std::string(TextGlyph(moon.name.glyph)) + ", " +
+                                        FormatFixed(moon.illuminated * 100.0, 1) + "% lit");
     } else {
         out += LabelledLine("Moon", std::string(sky::kUnknownYearsReason));
     }

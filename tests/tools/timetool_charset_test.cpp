@@ -19,25 +19,25 @@ const char* const kAsciiJune2024 =
     "            June 2024\n"
     "Su   Mo   Tu   We   Th   Fr   Sa\n"
     "                               1(\n"
-    " 2(   3(   4(   5()  6()  7()  8()\n"
-    " 9 ) 10 ) 11 ) 12|) 13|) 14|) 15|)\n"
-    "16@) 17@) 18@) 19@) 20@@ 21@@ 22@@\n"
-    "23(@ 24(@ 25(@ 26(@ 27(| 28(| 29(|\n"
-    "30(|\n";
+    " 2(   3(   4(   5(   6()  7 )  8 )\n"
+    " 9 ) 10 ) 11 ) 12 ) 13 ) 14|) 15@)\n"
+    "16@) 17@) 18@) 19@) 20@) 21@) 22@@\n"
+    "23(@ 24(@ 25(@ 26(@ 27(@ 28(| 29(\n"
+    "30(\n";
 
 const char* const kUtf8June2024 =
     "            June 2024\n"
     "Su   Mo   Tu   We   Th   Fr   Sa\n"
     "                               1\xF0\x9F\x8C\x98\n"
-    " 2\xF0\x9F\x8C\x98  3\xF0\x9F\x8C\x98  4\xF0\x9F\x8C\x98  5\xF0\x9F\x8C\x91  6\xF0\x9F\x8C\x91  "
-    "7\xF0\x9F\x8C\x91  8\xF0\x9F\x8C\x91\n"
-    " 9\xF0\x9F\x8C\x92 10\xF0\x9F\x8C\x92 11\xF0\x9F\x8C\x92 12\xF0\x9F\x8C\x93 13\xF0\x9F\x8C\x93 "
-    "14\xF0\x9F\x8C\x93 15\xF0\x9F\x8C\x93\n"
-    "16\xF0\x9F\x8C\x94 17\xF0\x9F\x8C\x94 18\xF0\x9F\x8C\x94 19\xF0\x9F\x8C\x94 20\xF0\x9F\x8C\x95 "
-    "21\xF0\x9F\x8C\x95 22\xF0\x9F\x8C\x95\n"
-    "23\xF0\x9F\x8C\x96 24\xF0\x9F\x8C\x96 25\xF0\x9F\x8C\x96 26\xF0\x9F\x8C\x96 27\xF0\x9F\x8C\x97 "
-    "28\xF0\x9F\x8C\x97 29\xF0\x9F\x8C\x97\n"
-    "30\xF0\x9F\x8C\x97\n";
+    " 2\xF0\x9F\x8C\x98  3\xF0\x9F\x8C\x98  4\xF0\x9F\x8C\x98  5\xF0\x9F\x8C\x98  6\xF0\x9F\x8C\x91  7\xF0\x9F\x8C\x92 "
+    " 8\xF0\x9F\x8C\x92\n"
+    " 9\xF0\x9F\x8C\x92 10\xF0\x9F\x8C\x92 11\xF0\x9F\x8C\x92 12\xF0\x9F\x8C\x92 13\xF0\x9F\x8C\x92 14\xF0\x9F\x8C\x93 "
+    "15\xF0\x9F\x8C\x94\n"
+    "16\xF0\x9F\x8C\x94 17\xF0\x9F\x8C\x94 18\xF0\x9F\x8C\x94 19\xF0\x9F\x8C\x94 20\xF0\x9F\x8C\x94 21\xF0\x9F\x8C\x94 "
+    "22\xF0\x9F\x8C\x95\n"
+    "23\xF0\x9F\x8C\x96 24\xF0\x9F\x8C\x96 25\xF0\x9F\x8C\x96 26\xF0\x9F\x8C\x96 27\xF0\x9F\x8C\x96 28\xF0\x9F\x8C\x97 "
+    "29\xF0\x9F\x8C\x98\n"
+    "30\xF0\x9F\x8C\x98\n";
 
 TEST(TimetoolCharset, MonthGridFollowsTheLocale) {
     struct Case {
@@ -66,14 +66,14 @@ TEST(TimetoolCharset, MoonLinesKeepTheirColumnsInAscii) {
     const ToolRun ascii = RunTimetool({"moon", "2024-06-21", "--days", "2"}, "", Locale("", "C"));
     ASSERT_EQ(ascii.status, 0) << ascii.err;
     EXPECT_EQ(ascii.out,
-              "Date and time (UTC)  Phase     Moon\n"
-              "2024-06-21 00:00:00  172.68deg @@ full\n"
-              "2024-06-22 00:00:00  184.87deg @@ full\n");
+              "Date and time (UTC)  Phase     Lit     Moon                 Module\n"
+              "2024-06-21 00:00:00  166.95deg 98.6%   @) waxing gibbous    172.68deg\n"
+              "2024-06-22 00:00:00  179.40deg 99.8%   @@ full              184.87deg\n");
     const ToolRun utf8 = RunTimetool({"moon", "2024-06-21", "--days", "2"}, "", Locale("", "C.UTF-8"));
     EXPECT_EQ(utf8.out,
-              "Date and time (UTC)  Phase     Moon\n"
-              "2024-06-21 00:00:00  172.68\xC2\xB0   \xF0\x9F\x8C\x95 full\n"
-              "2024-06-22 00:00:00  184.87\xC2\xB0   \xF0\x9F\x8C\x95 full\n");
+              "Date and time (UTC)  Phase     Lit     Moon                 Module\n"
+              "2024-06-21 00:00:00  166.95\xC2\xB0   98.6%   \xF0\x9F\x8C\x94 waxing gibbous    172.68\xC2\xB0\n"
+              "2024-06-22 00:00:00  179.40\xC2\xB0   99.8%   \xF0\x9F\x8C\x95 full              184.87\xC2\xB0\n");
 }
 
 TEST(TimetoolCharset, ShowHasNoOtherByteAboveAscii) {
@@ -83,13 +83,13 @@ TEST(TimetoolCharset, ShowHasNoOtherByteAboveAscii) {
         for (const char c : run.out) ASSERT_LT(static_cast<unsigned char>(c), 0x80) << command << ":\n" << run.out;
     }
     const ToolRun show = RunTimetool({"show", "2024-06-21"}, "", Locale("", "C"));
-    EXPECT_NE(show.out.find("Moon phase     172.68deg full @@\n"), std::string::npos) << show.out;
+    EXPECT_NE(show.out.find("Moon           166.95deg waxing gibbous @), 98.6% lit\n"), std::string::npos) << show.out;
 }
 
 TEST(TimetoolCharset, JsonStaysUtf8) {
     const ToolRun run = RunTimetool({"--ascii", "moon", "2024-06-21", "--json"}, "", Locale("", "C"));
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(nlohmann::json::parse(run.out)["days"][0]["glyph"], "\xF0\x9F\x8C\x95");
+    EXPECT_EQ(nlohmann::json::parse(run.out)["days"][0]["glyph"], "\xF0\x9F\x8C\x94");
 }
 
 TEST(TimetoolCharset, Latin1LocaleGetsAscii) {
