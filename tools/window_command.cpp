@@ -25,8 +25,8 @@ struct WindowOptions {
     bool json = false;
 };
 
-// The words of standard input, read in large blocks: a stream of a million
-// numbers is read without a call per word.
+// The words of standard input, read in blocks of a page: no call per word,
+// and little read ahead of what has been printed when output stops.
 class InputWords {
 public:
     bool Next(std::string& word) {
@@ -52,7 +52,7 @@ public:
 private:
     static bool IsBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r' || c == '\f' || c == '\v'; }
 
-    std::vector<char> buffer_ = std::vector<char>(1 << 16);
+    std::vector<char> buffer_ = std::vector<char>(1 << 12);
     std::size_t filled_ = 0;    // bytes of buffer_ read, [0, buffer_.size()]
     std::size_t position_ = 0;  // next byte to look at, [0, filled_]
 };
@@ -72,8 +72,9 @@ public:
         if (text_.size() >= kBlock) Flush();
     }
     void Flush() {
-        std::cout.flush();
-        if (!text_.empty() && std::fwrite(text_.data(), 1, text_.size(), stdout) != text_.size()) writable_ = false;
+        if (!text_.empty() && !std::cout.write(text_.data(), static_cast<std::streamsize>(text_.size()))) {
+            writable_ = false;
+        }
         text_.clear();
     }
     // False once a write failed: output that can no longer be written ends
