@@ -10,7 +10,7 @@ _timetool() {
     local commands="show convert sun moon month save load window"
     local kinds="gregorian julian western hebrew hebrew0 hebrew1 hebrew-mean adam generic"
     # Options that take a value, so that the value is not read as an argument.
-    local valued="--now --from --calendar --to --lat --lon --days"
+    local valued="--now --from --calendar --to --lat --lon --days --stat"
 
     case $prev in
         --calendar | --from)
@@ -19,6 +19,15 @@ _timetool() {
             ;;
         --to)
             mapfile -t COMPREPLY < <(compgen -W "$kinds all" -- "$cur")
+            return
+            ;;
+        --stat)
+            # A comma-separated list: complete the last name, keep the others.
+            local done_names="" last=${cur##*,}
+            [[ $cur == *,* ]] && done_names=${cur%,*}
+            mapfile -t COMPREPLY < <(compgen -W "count sum mean min max stddev" -- "$last")
+            [[ -n $done_names ]] && COMPREPLY=("${COMPREPLY[@]/#/$done_names,}")
+            compopt -o nospace
             return
             ;;
         --now | --lat | --lon | --days)
@@ -38,7 +47,7 @@ _timetool() {
 
     local options
     case $command in
-        "") options="-h --help --version --json --now" ;;
+        "") options="-h --help --version --json --now --ascii" ;;
         show) options="-h --help --from --calendar --lat --lon --json" ;;
         convert) options="-h --help --from --to --json" ;;
         sun) options="-h --help --from --lat --lon --days --json" ;;
@@ -46,7 +55,7 @@ _timetool() {
         month) options="-h --help --calendar --from --json" ;;
         save) options="-h --help --from --json" ;;
         load) options="-h --help --json" ;;
-        window) options="-h --help --events --json" ;;
+        window) options="-h --help --events --stat --json" ;;
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$cur")
