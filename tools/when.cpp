@@ -180,16 +180,24 @@ WhenParse ParseCivil(std::string_view text) {
     return Accept(std::move(when));
 }
 
-}  // namespace
-
-WhenParse ParseWhen(std::string_view text) {
-    if (text == "now") return Accept(When{WhenForm::Now, {}, 0.0});
-    if (text == "today") return Accept(When{WhenForm::Today, {}, 0.0});
+WhenParse ParseInstant(std::string_view text) {
+    if (text == "now") return Accept(When{WhenForm::Now, {}, 0.0, {}});
+    if (text == "today") return Accept(When{WhenForm::Today, {}, 0.0, {}});
     if (text.starts_with("sd:")) return ParseNumbered(text.substr(3), WhenForm::StarDate);
     if (text.starts_with("jd:")) return ParseNumbered(text.substr(3), WhenForm::JulianDate);
     if (text.starts_with("@")) return ParseNumbered(text.substr(1), WhenForm::LinuxTime);
     if (text.empty()) return Refuse("empty");
     return ParseCivil(text);
+}
+
+}  // namespace
+
+WhenParse ParseWhen(std::string_view text) {
+    StepSplit split = SplitDateSteps(text);
+    if (!split.error.empty()) return Refuse(split.error);
+    WhenParse parsed = ParseInstant(split.base);
+    if (parsed.when) parsed.when->steps = std::move(split.steps);
+    return parsed;
 }
 
 namespace {

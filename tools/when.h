@@ -4,7 +4,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "date_arithmetic.h"
 #include "true_calendar.h"
 
 namespace timetool {
@@ -27,6 +29,7 @@ struct When {
     WhenForm form = WhenForm::Now;
     CivilTime civil;     // for Civil
     double value = 0.0;  // star date, Julian Date or Linux seconds
+    std::vector<DateStep> steps;  // applied left to right after the instant is read
 };
 
 // Outcome of parsing: either a When or the reason the text was refused.
@@ -38,7 +41,8 @@ struct WhenParse {
 // Accepts "now", "today", "sd:<days>", "jd:<days>", "@<seconds>" and
 // "[+-]Y-MM-DD" (Y of 1 to 5 digits, MM a number or a Hebrew month name)
 // optionally followed by "T" or a blank and "HH:MM[:SS[.fff]]" and an
-// optional "Z". Reads only the characters of `text`.
+// optional "Z"; any of them followed by steps such as "+40d-1w" (see
+// SplitDateSteps). Reads only the characters of `text`.
 WhenParse ParseWhen(std::string_view text);
 
 // Largest star-date magnitude a numbered WHEN may name before the finer

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "calendar_kind.h"
+#include "date_steps.h"
 #include "quoted_text.h"
 #include "text_format.h"
 #include "tool_error.h"
@@ -108,6 +109,7 @@ double WhenReader::StarDate(const std::string& text, const When& when, int kind)
         }
     }
     if (!IsShownDay(SplitStarDate(starDate).day)) RefuseWhen(text, kOutOfRange);
+    if (!when.steps.empty()) starDate = ApplyDateSteps(dates_, text, starDate, kind, when.steps);
     return starDate;
 }
 
