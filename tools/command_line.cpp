@@ -18,8 +18,8 @@ namespace timetool {
 
 namespace {
 
-constexpr std::array<std::string_view, 8> kCommands{"show",  "convert", "sun",  "moon",
-                                                    "month", "save",    "load", "window"};
+constexpr std::array<std::string_view, 10> kCommands{"show", "convert", "sun",  "moon", "month",
+                                                     "year", "between", "save", "load", "window"};
 
 // Parser messages may echo whole arguments; they are shown escaped and cut
 // like every echoed argument, with room for the parser's own words.
@@ -100,13 +100,15 @@ int Run(int argc, char** argv) {
     AddSunCommand(app);
     AddMoonCommand(app);
     AddMonthCommand(app);
+    AddYearCommand(app);
+    AddBetweenCommand(app);
     AddSaveCommand(app);
     AddLoadCommand(app);
     AddWindowCommand(app);
 
     if (argc > 1 && argv[1][0] != '-' && !IsCommand(argv[1])) {
         std::cerr << "timetool: unknown command " << QuoteArgument(argv[1])
-                  << " (show, convert, sun, moon, month, save, load, window; --help lists them)\n";
+                  << " (show, convert, sun, moon, month, year, between, save, load, window; --help lists them)\n";
         return kExitBadInput;
     }
     // --now is read before any command runs; the variable stands in when it is absent.

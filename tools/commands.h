@@ -32,10 +32,17 @@ void AddMonthCommand(CLI::App& app);
 void AddSaveCommand(CLI::App& app);
 void AddLoadCommand(CLI::App& app);
 void AddWindowCommand(CLI::App& app);
+void AddYearCommand(CLI::App& app);
+void AddBetweenCommand(CLI::App& app);
+
+// The calendar of --calendar, or of --from, its synonym (default
+// gregorian); throws ToolError (status 2) when they name different ones.
+int RequireSameKind(const std::string& calendar, const std::string& from);
 
 // Help texts shared by the commands; the grammar is written out once, in
 // kWhenGrammar, which `timetool --help` prints.
-inline constexpr const char* kWhenHelp = "instant: a date, now, today, sd:, jd: or @ (WHEN in timetool --help)";
+inline constexpr const char* kWhenHelp =
+    "instant: a date, now, today, sd:, jd: or @, with steps such as +40d (WHEN in timetool --help)";
 inline constexpr const char* kFromHelp =
     "calendar WHEN is a date of: gregorian (default), julian, western, hebrew, hebrew1, adam, generic or 0 to 6";
 inline constexpr const char* kKindHelp =
@@ -60,6 +67,15 @@ inline constexpr const char* kWhenGrammar = R"(WHEN (every command that takes an
   sd:DAYS                        star date: days, 1.0 = 1 January AD 1 (Julian), 00:00
   jd:DAYS                        Julian Date
   @SECONDS                       Linux time
+  WHEN{+|-}N{d|w|m|y}...         steps after any of these, left to right: d days and w
+                                 weeks on the day count; m months and y years in the
+                                 --from calendar, the day clamped to the month's end
+                                 (2024-01-31+1m is 2024-02-29). Hebrew months count in
+                                 year order from Tishri with the leap month; a year step
+                                 keeps the month, Adar becoming Adar II in a leap year; a
+                                 Western date in 5-14 October 1582 becomes 15 October;
+                                 hebrew1 steps by days and weeks only. The time of day
+                                 is kept ('2024-06-21+40d', 'today-3w'; N up to 8 digits).
 A date that does not exist in its calendar is refused, with the reason.
 
 KIND: gregorian (0, proleptic), julian (1, proleptic, its leap rule carried into BC),

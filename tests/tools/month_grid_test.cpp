@@ -53,5 +53,55 @@ TEST(RenderMonthGrid, EmptyMonthHasOnlyTheHeader) {
     EXPECT_EQ(RenderMonthGrid("T", {}), "                T\nSu   Mo   Tu   We   Th   Fr   Sa\n");
 }
 
+TEST(RenderMonthGrid, MondayFirstPutsSundayLast) {
+    // June 2024 starts on a Saturday.
+    std::vector<MonthGridDay> days;
+    for (int day = 1; day <= 9; ++day) days.push_back(MonthGridDay{day, (day + 5) % 7, "()"});
+    MonthGridLayout layout;
+    layout.firstWeekday = 1;
+    EXPECT_EQ(RenderMonthGrid("June 2024", days, layout),
+              "            June 2024\n"
+              "Mo   Tu   We   Th   Fr   Sa   Su\n"
+              "                          1()  2()\n"
+              " 3()  4()  5()  6()  7()  8()  9()\n");
+}
+
+TEST(RenderMonthGrid, WithoutGlyphsCellsAreTwoColumns) {
+    std::vector<MonthGridDay> days;
+    for (int day = 1; day <= 10; ++day) days.push_back(MonthGridDay{day, (day + 5) % 7, "()"});
+    MonthGridLayout layout;
+    layout.glyphs = false;
+    EXPECT_EQ(MonthGridWidth(layout), 20U);
+    EXPECT_EQ(RenderMonthGrid("June", days, layout),
+              "        June\n"
+              "Su Mo Tu We Th Fr Sa\n"
+              "                   1\n"
+              " 2  3  4  5  6  7  8\n"
+              " 9 10\n");
+    layout.firstWeekday = 1;
+    EXPECT_EQ(RenderMonthGrid("June", days, layout),
+              "        June\n"
+              "Mo Tu We Th Fr Sa Su\n"
+              "                1  2\n"
+              " 3  4  5  6  7  8  9\n"
+              "10\n");
+}
+
+TEST(DisplayWidth, CountsCharactersAndEmojiAsTwo) {
+    EXPECT_EQ(DisplayWidth(""), 0U);
+    EXPECT_EQ(DisplayWidth("June 2024"), 9U);
+    EXPECT_EQ(DisplayWidth(" 1\xF0\x9F\x8C\x95"), 4U);  // a full-moon glyph
+    EXPECT_EQ(DisplayWidth("12\xC2\xB0"), 3U);            // a degree sign
+}
+
+TEST(SideBySide, PadsEachBlockToItsWidthAndTrimsTheLine) {
+    EXPECT_EQ(SideBySide({"a\nbb\n", "c\n", "d\ne\nf\n"}, 3, 2),
+              "a    c    d\n"
+              "bb        e\n"
+              "          f\n");
+    EXPECT_EQ(SideBySide({"\xF0\x9F\x8C\x95\n", "x\n"}, 3, 1), "\xF0\x9F\x8C\x95  x\n");
+    EXPECT_EQ(SideBySide({}, 3, 1), "");
+}
+
 }  // namespace
 }  // namespace timetool

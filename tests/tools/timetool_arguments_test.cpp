@@ -121,8 +121,8 @@ TEST(TimetoolOptions, AnEmptyValueIsAnErrorNotTheDefault) {
 TEST(TimetoolEcho, ControlCharactersInAnEchoedArgumentAreEscaped) {
     ExpectRefused({{"show", "\x1b]0;owned\x07"}, "timetool: bad WHEN '\\x1b]0;owned\\x07': expected YYYY-MM-DD"});
     ExpectRefused({{"\x1b[2J"},
-                   "timetool: unknown command '\\x1b[2J' (show, convert, sun, moon, month, save, load, window; --help "
-                   "lists them)"});
+                   "timetool: unknown command '\\x1b[2J' (show, convert, sun, moon, month, year, between, save, load, "
+                   "window; --help lists them)"});
     ExpectRefused({{"show", "2024-06-21", "--calendar", "gregorian\n"},
                    "timetool: unknown calendar 'gregorian\\n' for --calendar (gregorian, julian, western, hebrew1, "
                    "hebrew, adam, generic or 0 to 6)"});

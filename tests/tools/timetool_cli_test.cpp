@@ -847,8 +847,8 @@ struct BadInputCase {
 TEST(TimetoolBadInput, OneLineNamingTheArgumentAndStatus2) {
     const BadInputCase cases[] = {
         {{"frobnicate"},
-         "timetool: unknown command 'frobnicate' (show, convert, sun, moon, month, save, load, window; --help lists "
-         "them)\n"},
+         "timetool: unknown command 'frobnicate' (show, convert, sun, moon, month, year, between, save, load, window; "
+         "--help lists them)\n"},
         {{"show", "2023-02-29"}, "timetool: bad WHEN '2023-02-29': February 2023 has 28 days\n"},
         {{"convert", "5784-02-30", "--from", "hebrew"}, "timetool: bad WHEN '5784-02-30': Iyar 5784 has 29 days\n"},
         {{"sun", "5783-13-01", "--from", "hebrew"},
