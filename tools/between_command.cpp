@@ -132,15 +132,17 @@ void RunBetween(const BetweenOptions& options) {
 
 void AddBetweenCommand(CLI::App& app) {
     auto options = std::make_shared<BetweenOptions>();
-    CLI::App* command = app.add_subcommand(
-        "between", "Days, weeks, and whole months and years from one instant to another (negative when the "
-                   "second is earlier)");
+    CLI::App* command =
+        app.add_subcommand("between",
+                           "Days, weeks, and whole months and years from one instant to another (negative when the "
+                           "second is earlier)");
     command->add_option("WHEN", options->first, kWhenHelp)->required();
     command->add_option("WHEN2", options->second, "the second instant, read as the first")->required();
     command->add_option("--from", options->from, kFromHelp);
     command->add_option("--calendar", options->calendar,
-                        std::string(kKindHelp) + ": months and years are counted by its rules, and the dates shown "
-                                                 "in it (default: the --from calendar)");
+                        std::string(kKindHelp) +
+                            ": months and years are counted by its rules, and the dates shown "
+                            "in it (default: the --from calendar)");
     command->add_flag("--json", options->json, "print one JSON document");
     command->footer(kWhenGrammar);
     command->callback([options] { RunBetween(*options); });

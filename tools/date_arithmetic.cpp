@@ -191,7 +191,8 @@ std::optional<WholeSteps> CountWholeSteps(int kind, StepUnit unit, const ExactIn
         // A first guess from the mean month or year, then exact steps.
         const bool hebrew = RulesOf(kind) == 4;
         const double mean = unit == StepUnit::Month ? (hebrew ? 29.530594 : 30.436875) : (hebrew ? 365.2468 : 365.2425);
-        count = std::max<std::int64_t>(0, static_cast<std::int64_t>(static_cast<double>(later.day - earlier.day) / mean));
+        count =
+            std::max<std::int64_t>(0, static_cast<std::int64_t>(static_cast<double>(later.day - earlier.day) / mean));
         while (count > 0 && !fits(count)) --count;
         while (fits(count + 1)) ++count;
     }

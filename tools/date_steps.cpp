@@ -31,8 +31,9 @@ double ApplyDateSteps(ModuleDates& dates, const std::string& text, double starDa
     for (const DateStep& step : steps) {
         const bool calendarStep = step.unit == StepUnit::Month || step.unit == StepUnit::Year;
         if (calendarStep && !CountsMonths(kind)) {
-            RefuseWhen(text, "the module's mean Hebrew calendar (hebrew1) counts no months or years here: step by "
-                             "days or weeks, or read the date with --from hebrew");
+            RefuseWhen(text,
+                       "the module's mean Hebrew calendar (hebrew1) counts no months or years here: step by "
+                       "days or weeks, or read the date with --from hebrew");
         }
         const std::optional<StarDay> shift = calendarStep ? GregorianShift(dates, kind) : StarDay{0};
         if (!shift) RefuseWhen(text, kOutOfRange);

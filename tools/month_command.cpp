@@ -129,7 +129,8 @@ void RunMonth(const MonthOptions& options) {
     const int kind = RequireSameKind(options.calendar, options.from);
     ToolContext context;
     ModuleDates& dates = context.dates();
-    const MonthView current = options.month.empty() ? CurrentMonth(context, kind) : NamedMonth(dates, kind, options.month);
+    const MonthView current =
+        options.month.empty() ? CurrentMonth(context, kind) : NamedMonth(dates, kind, options.month);
     std::vector<MonthView> views;
     if (options.three) views.push_back(NeighbourMonth(dates, current, false));
     views.push_back(current);
@@ -157,7 +158,8 @@ void RunMonth(const MonthOptions& options) {
     // show day numbers only, and fit in 80.
     layout.glyphs = false;
     std::vector<std::string> grids;
-    for (const MonthView& view : views) grids.push_back(RenderMonthGrid(MonthTitle(view, true), GridDays(view), layout));
+    for (const MonthView& view : views)
+        grids.push_back(RenderMonthGrid(MonthTitle(view, true), GridDays(view), layout));
     std::cout << SideBySide(grids, MonthGridWidth(layout), kGridGap);
 }
 

@@ -27,8 +27,8 @@ enum class WhenForm { Now, Today, Civil, StarDate, JulianDate, LinuxTime };
 
 struct When {
     WhenForm form = WhenForm::Now;
-    CivilTime civil;     // for Civil
-    double value = 0.0;  // star date, Julian Date or Linux seconds
+    CivilTime civil;              // for Civil
+    double value = 0.0;           // star date, Julian Date or Linux seconds
     std::vector<DateStep> steps;  // applied left to right after the instant is read
 };
 

@@ -105,8 +105,8 @@ void RunYear(const YearOptions& options) {
 
 void AddYearCommand(CLI::App& app) {
     auto options = std::make_shared<YearOptions>();
-    CLI::App* command = app.add_subcommand(
-        "year", "The months of a year as grids, three across (a Hebrew year from Tishri to Elul)");
+    CLI::App* command =
+        app.add_subcommand("year", "The months of a year as grids, three across (a Hebrew year from Tishri to Elul)");
     command->add_option("YEAR", options->year,
                         "the year (astronomical, -43 = 44 BC; Hebrew years from 1; default: the current year)");
     command->add_option("--calendar", options->calendar, std::string(kKindHelp) + " (default gregorian)");

@@ -100,7 +100,7 @@ TEST(StepDay, MonthEndsClampUnlikeRunningOver) {
     EXPECT_EQ(StepDay(0, Gregorian(2024, 12, 31), Months(2)), Gregorian(2025, 2, 28));
     EXPECT_EQ(StepDay(0, Gregorian(1, 1, 1), Months(-1)), Gregorian(0, 12, 1));
     EXPECT_EQ(StepDay(1, Julian(1900, 1, 31), Months(1)), Julian(1900, 2, 29));  // a Julian leap year
-    EXPECT_EQ(StepDay(1, Julian(-4, 2, 29), Years(-4)), Julian(-8, 2, 29));  // 5 BC and 9 BC
+    EXPECT_EQ(StepDay(1, Julian(-4, 2, 29), Years(-4)), Julian(-8, 2, 29));      // 5 BC and 9 BC
 }
 
 TEST(StepDay, EveryDayOf2000To2030PlusOneMonthIsTheDirectClamp) {
@@ -187,7 +187,8 @@ StarDay ClampedByLibhdate(int year, int month, int day) {
         hdate_set_hdate(&hebrew, day, month, year);
         hdate_struct back{};
         hdate_set_jd(&back, hebrew.hd_jd);
-        if (back.hd_day == day && back.hd_mon == month && back.hd_year == year) return hebrew.hd_jd - kJulianDayNumberOffset;
+        if (back.hd_day == day && back.hd_mon == month && back.hd_year == year)
+            return hebrew.hd_jd - kJulianDayNumberOffset;
     }
     return HebrewByLibhdate(year, month, 1);
 }

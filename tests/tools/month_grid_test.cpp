@@ -91,7 +91,7 @@ TEST(DisplayWidth, CountsCharactersAndEmojiAsTwo) {
     EXPECT_EQ(DisplayWidth(""), 0U);
     EXPECT_EQ(DisplayWidth("June 2024"), 9U);
     EXPECT_EQ(DisplayWidth(" 1\xF0\x9F\x8C\x95"), 4U);  // a full-moon glyph
-    EXPECT_EQ(DisplayWidth("12\xC2\xB0"), 3U);            // a degree sign
+    EXPECT_EQ(DisplayWidth("12\xC2\xB0"), 3U);          // a degree sign
 }
 
 TEST(SideBySide, PadsEachBlockToItsWidthAndTrimsTheLine) {

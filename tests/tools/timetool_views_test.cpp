@@ -152,9 +152,9 @@ std::vector<ExpectedMonth> JulianYear(int year) {
 // 13 and 14; its weekdays run from 1 = Sunday.
 std::vector<ExpectedMonth> HebrewYear(int year, bool leap) {
     const std::vector<std::pair<int, std::string>> order =
-        leap ? std::vector<std::pair<int, std::string>>{{1, "Tishri"},   {2, "Heshvan"}, {3, "Kislev"},  {4, "Tevet"},
-                                                        {5, "Shevat"},   {13, "Adar I"}, {14, "Adar II"}, {7, "Nisan"},
-                                                        {8, "Iyar"},     {9, "Sivan"},   {10, "Tammuz"}, {11, "Av"},
+        leap ? std::vector<std::pair<int, std::string>>{{1, "Tishri"}, {2, "Heshvan"}, {3, "Kislev"},   {4, "Tevet"},
+                                                        {5, "Shevat"}, {13, "Adar I"}, {14, "Adar II"}, {7, "Nisan"},
+                                                        {8, "Iyar"},   {9, "Sivan"},   {10, "Tammuz"},  {11, "Av"},
                                                         {12, "Elul"}}
              : std::vector<std::pair<int, std::string>>{{1, "Tishri"}, {2, "Heshvan"}, {3, "Kislev"}, {4, "Tevet"},
                                                         {5, "Shevat"}, {6, "Adar"},    {7, "Nisan"},  {8, "Iyar"},
@@ -258,9 +258,12 @@ TEST(TimetoolYear, JsonListsTheMonthObjects) {
 }
 
 TEST(TimetoolYear, RefusalsExitWith2) {
-    for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
-             {"year", "40000"}, {"year", "20x4"}, {"year", "0", "--calendar", "hebrew"},
-             {"year", "-32767", "--calendar", "julian"}, {"year", "2024", "--calendar", "x"}}) {
+    for (const std::vector<std::string>& args :
+         std::vector<std::vector<std::string>>{{"year", "40000"},
+                                               {"year", "20x4"},
+                                               {"year", "0", "--calendar", "hebrew"},
+                                               {"year", "-32767", "--calendar", "julian"},
+                                               {"year", "2024", "--calendar", "x"}}) {
         const ToolRun run = RunTimetool(args);
         EXPECT_EQ(run.status, 2) << args[1];
         EXPECT_EQ(run.out, "");
@@ -359,8 +362,9 @@ TEST(TimetoolSteps, RefusalsExitWith2) {
         {{"show", "32767-12-01+1m"},
          "timetool: bad WHEN '32767-12-01+1m': the result is outside the years timetool shows (Gregorian -32767 to "
          "32767)\n"},
-        {{"show", "2024-06-21+123456789d"}, "timetool: bad WHEN '2024-06-21+123456789d': step count too large (at "
-                                            "most 8 digits)\n"},
+        {{"show", "2024-06-21+123456789d"},
+         "timetool: bad WHEN '2024-06-21+123456789d': step count too large (at "
+         "most 8 digits)\n"},
         {{"convert", "+3d"}, "timetool: bad WHEN '+3d': a step needs an instant before it (as in today+3d)\n"},
         {{"convert", "2024-06-21+1m", "--from", "hebrew1"},
          "timetool: bad WHEN '2024-06-21+1m': the module's mean Hebrew calendar (hebrew1) counts no months or years "
@@ -421,7 +425,8 @@ TEST(TimetoolBetween, JsonDaysAgreeWithTheDateLibraryOverRandomPairs) {
         EXPECT_EQ(doc.at("weeks"), expected / 7);
         EXPECT_EQ(doc.at("weeks_days"), expected % 7);
         EXPECT_EQ(doc.at("seconds"), 0);
-        EXPECT_EQ(doc.at("first").at("star_date"), static_cast<double>(date::sys_days{a}.time_since_epoch().count() + kUnixEpoch));
+        EXPECT_EQ(doc.at("first").at("star_date"),
+                  static_cast<double>(date::sys_days{a}.time_since_epoch().count() + kUnixEpoch));
     }
 }
 
@@ -440,8 +445,8 @@ TEST(TimetoolBetween, JsonKeys) {
     EXPECT_EQ(doc.at("years"), 0);
     EXPECT_EQ(doc.at("years_days"), 30);
     EXPECT_EQ(doc.at("reason"), nullptr);
-    const json mean = json::parse(RunTimetool({"between", "2024-01-31", "2024-03-01", "--calendar", "hebrew1",
-                                               "--json"}).out);
+    const json mean =
+        json::parse(RunTimetool({"between", "2024-01-31", "2024-03-01", "--calendar", "hebrew1", "--json"}).out);
     EXPECT_EQ(mean.at("days"), 30);
     EXPECT_EQ(mean.at("months"), nullptr);
     EXPECT_EQ(mean.at("reason"), "the module's mean Hebrew calendar (hebrew1) counts no months or years here");
@@ -450,8 +455,9 @@ TEST(TimetoolBetween, JsonKeys) {
 TEST(TimetoolBetween, RefusalsExitWith2) {
     const ToolRun beyond = RunTimetool({"between", "2024-01-01", "32767-12-31+1d"});
     EXPECT_EQ(beyond.status, 2);
-    EXPECT_EQ(beyond.err, "timetool: bad WHEN '32767-12-31+1d': the result is outside the years timetool shows "
-                          "(Gregorian -32767 to 32767)\n");
+    EXPECT_EQ(beyond.err,
+              "timetool: bad WHEN '32767-12-31+1d': the result is outside the years timetool shows "
+              "(Gregorian -32767 to 32767)\n");
     EXPECT_EQ(RunTimetool({"between", "2024-01-01"}).status, 2);
     EXPECT_EQ(RunTimetool({"between", "2024-01-01", "2024-02-30"}).status, 2);
 }
