@@ -158,6 +158,7 @@ void RunMonth(const MonthOptions& options) {
     // show day numbers only, and fit in 80.
     layout.glyphs = false;
     std::vector<std::string> grids;
+    grids.reserve(views.size());
     for (const MonthView& view : views)
         grids.push_back(RenderMonthGrid(MonthTitle(view, true), GridDays(view), layout));
     std::cout << SideBySide(grids, MonthGridWidth(layout), kGridGap);
@@ -197,7 +198,7 @@ MonthView CurrentMonth(ToolContext& context, int kind) {
 }
 
 std::string MonthTitle(const MonthView& view, bool withYear) {
-    const std::string title = FormatMonthTitle(view.kind, view.year, view.month);
+    std::string title = FormatMonthTitle(view.kind, view.year, view.month);
     if (withYear) return title;
     // The title ends in the year, " 5784" or " 44 BC".
     for (const std::string& year : {" " + FormatYearText(view.year), " " + std::to_string(view.year)}) {
