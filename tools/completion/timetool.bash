@@ -7,7 +7,7 @@ _timetool() {
     local cur prev words cword split
     _init_completion -s || return
 
-    local commands="show convert sun moon month save load window"
+    local commands="show convert sun moon month year between save load window"
     local kinds="gregorian julian western hebrew hebrew0 hebrew1 hebrew-mean adam generic"
     # Options that take a value, so that the value is not read as an argument.
     local valued="--now --from --calendar --to --lat --lon --days --stat"
@@ -52,7 +52,9 @@ _timetool() {
         convert) options="-h --help --from --to --json" ;;
         sun) options="-h --help --from --lat --lon --days --json" ;;
         moon) options="-h --help --from --days --json" ;;
-        month) options="-h --help --calendar --from --json" ;;
+        month) options="-h --help --calendar --from --three --monday --json" ;;
+        year) options="-h --help --calendar --from --monday --json" ;;
+        between) options="-h --help --from --calendar --json" ;;
         save) options="-h --help --from --json" ;;
         load) options="-h --help --json" ;;
         window) options="-h --help --events --stat --json" ;;
