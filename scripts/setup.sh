@@ -7,6 +7,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   libhowardhinnant-date-dev libhdate-dev hdate libnova-dev libicu-dev libboost-dev
   libcli11-dev nlohmann-json3-dev libpugixml-dev zlib1g-dev python3-ephem
+  tzdata libical-dev
   clang libclang-rt-14-dev valgrind clang-format clang-tidy
   dpkg-dev file pkgconf scdoc bash-completion man-db groff-base
   locales
