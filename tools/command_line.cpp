@@ -90,8 +90,12 @@ int Run(int argc, char** argv) {
     ShowOptions defaultView;
     std::string fixedNow;
     bool ascii = false;
+    std::string zone;
     app.add_flag("--json", defaultView.json, "print the default view as one JSON document");
     app.add_option("--now", fixedNow, "the instant now and today stand for (a WHEN read as Gregorian)");
+    app.add_option("--tz", zone,
+                   "time zone of the tz database (America/New_York) for clock times shown and read; "
+                   "default: the variable TZ, else UTC");
     app.add_flag("--ascii", ascii,
                  "write text in ASCII (degree sign, moon glyphs), as outside a UTF-8 locale; JSON stays UTF-8");
     app.require_subcommand(0, 1);
@@ -113,9 +117,11 @@ int Run(int argc, char** argv) {
     }
     // --now is read before any command runs; the variable stands in when it is absent.
     SetFixedNow({});
-    app.parse_complete_callback([&app, &fixedNow, &ascii] {
+    SetZoneOption({});
+    app.parse_complete_callback([&app, &fixedNow, &ascii, &zone] {
         RefuseEmptyValues(app);
         SetOutputCharset(ascii ? Charset::Ascii : EnvironmentCharset());
+        SetZoneOption(zone);
         if (fixedNow.empty()) {
             const char* variable = std::getenv("TIMETOOL_NOW");
             if (variable) fixedNow = variable;

@@ -23,6 +23,9 @@ void RunShow(const ShowOptions& options);
 // the system clock.
 void SetFixedNow(std::string when);
 const std::string& FixedNow();
+// The zone --tz names; empty when the option is absent (TZ, else UTC).
+void SetZoneOption(std::string zone);
+const std::string& ZoneOption();
 
 void AddShowCommand(CLI::App& app);
 void AddConvertCommand(CLI::App& app);

@@ -203,13 +203,14 @@ void RunSave(const SaveOptions& options) {
 
     // The Time object holds the proleptic Gregorian date of the day named
     // (in its own year numbering) and the time of day: as typed for a civil
-    // WHEN, so no float round trip touches the seconds, else to the second.
+    // WHEN read on the UTC clock, so no float round trip touches the seconds, else
+    // to the second.
     const ExactInstant instant = SplitStarDate(starDate);
     const CivilDate gregorian = GregorianOfDay(instant.day);
     TimeObject time(context.session());
     time.SetKind(0);
     time.SetDate(gregorian.day, gregorian.month, ModuleYear(gregorian.year));
-    if (when.form == WhenForm::Civil) {
+    if (when.form == WhenForm::Civil && context.reader().ReadsAsUtc(when)) {
         time.SetTime(when.civil.hour, when.civil.minute, when.civil.second);
     } else {
         time.SetTime(instant.second / 3600, instant.second / 60 % 60, instant.second % 60);

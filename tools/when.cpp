@@ -145,6 +145,23 @@ bool ParseYearAndMonth(Scanner& scan, int* year, int* month, std::string* monthN
     return true;
 }
 
+// "+HH:MM", "+HHMM" or "+HH" (or "-"), hours up to 23 as ISO 8601 allows.
+bool ParseUtcOffset(Scanner& scan, int* seconds) {
+    const bool negative = scan.Take('-');
+    if (!negative && !scan.Take('+')) return false;
+    int hours = 0;
+    int minutes = 0;
+    if (!scan.Digits(2, &hours)) return false;
+    if (scan.Take(':')) {
+        if (!scan.Digits(2, &minutes)) return false;
+    } else if (scan.PeekDigit() && !scan.Digits(2, &minutes)) {
+        return false;
+    }
+    if (hours > 23 || minutes > 59) return false;
+    *seconds = (negative ? -1 : 1) * (hours * 3600 + minutes * 60);
+    return true;
+}
+
 WhenParse ParseCivil(std::string_view text) {
     Scanner scan(text);
     CivilTime civil;
@@ -162,8 +179,13 @@ WhenParse ParseCivil(std::string_view text) {
             if (scan.Peek('.') && !scan.Fraction(&fraction)) return Refuse("expected digits after the decimal point");
             civil.second = whole + fraction;
         }
+        civil.hasTime = true;
+        if (scan.Peek('+') || scan.Peek('-')) {
+            if (!ParseUtcOffset(scan, &civil.offsetSeconds)) return Refuse("expected a UTC offset such as +02:00");
+            civil.basis = ClockBasis::Offset;
+        }
     }
-    scan.Take('Z');
+    if (civil.basis != ClockBasis::Offset && scan.Take('Z')) civil.basis = ClockBasis::Utc;
     if (!scan.AtEnd()) return Refuse("unexpected characters after the date");
     if (civil.monthName.empty()) {
         if (civil.month == 0) return Refuse("there is no month 0 (months count from 1)");

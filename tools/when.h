@@ -11,6 +11,13 @@
 
 namespace timetool {
 
+// Whose clock a civil time of day is read on.
+enum class ClockBasis {
+    Zone,    // no "Z" and no offset: the clock of the zone timetool shows
+    Utc,     // "Z"
+    Offset,  // "+02:00", "-0530", "+05"
+};
+
 // A civil date and time of day as typed, in the calendar the caller selects.
 // Years are astronomical, as in ISO 8601: 0 is 1 BC, -1 is 2 BC.
 struct CivilTime {
@@ -21,6 +28,9 @@ struct CivilTime {
     int hour = 0;           // [0, 23]
     int minute = 0;         // [0, 59]
     double second = 0.0;    // [0, 60)
+    bool hasTime = false;   // false for a date alone, which names the civil day
+    ClockBasis basis = ClockBasis::Zone;
+    int offsetSeconds = 0;  // for ClockBasis::Offset: east positive, [-86340, 86340]
 };
 
 enum class WhenForm { Now, Today, Civil, StarDate, JulianDate, LinuxTime };
@@ -41,7 +51,8 @@ struct WhenParse {
 // Accepts "now", "today", "sd:<days>", "jd:<days>", "@<seconds>" and
 // "[+-]Y-MM-DD" (Y of 1 to 5 digits, MM a number or a Hebrew month name)
 // optionally followed by "T" or a blank and "HH:MM[:SS[.fff]]" and an
-// optional "Z"; any of them followed by steps such as "+40d-1w" (see
+// optional "Z" or UTC offset ("+02:00", "+0530", "-03"; an offset needs a
+// time of day); any of them followed by steps such as "+40d-1w" (see
 // SplitDateSteps). Reads only the characters of `text`.
 WhenParse ParseWhen(std::string_view text);
 

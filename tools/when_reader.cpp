@@ -29,7 +29,30 @@ void RefuseWhen(const std::string& text, const std::string& why) {
     throw ToolError{kExitBadInput, "timetool: bad WHEN " + QuoteArgument(text) + ": " + why};
 }
 
-WhenReader::WhenReader(ModuleDates& dates, std::string fixedNow) : dates_(dates), fixedNow_(std::move(fixedNow)) {}
+WhenReader::WhenReader(ModuleDates& dates, std::string fixedNow, TimeZone zone)
+    : dates_(dates), fixedNow_(std::move(fixedNow)), zone_(std::move(zone)) {}
+
+bool WhenReader::ReadsAsUtc(const When& when) const {
+    if (when.form != WhenForm::Civil || !when.civil.hasTime) return true;
+    if (when.civil.basis == ClockBasis::Offset) return when.civil.offsetSeconds == 0;
+    return when.civil.basis == ClockBasis::Utc || zone_.IsUtc();
+}
+
+double WhenReader::OnClock(const std::string& text, const CivilTime& civil, StarDay day) const {
+    const double reading = static_cast<double>(day) + TimeOfDay(civil);
+    if (!civil.hasTime || civil.basis == ClockBasis::Utc) return reading;
+    if (civil.basis == ClockBasis::Offset) return reading - civil.offsetSeconds / 86400.0;
+    if (zone_.IsUtc()) return reading;
+    const int wholeSecond = static_cast<int>(civil.second);
+    const LinuxSeconds clock = LinuxSecondsOf(ExactInstant{day, civil.hour * 3600 + civil.minute * 60 + wholeSecond});
+    const LocalResolution resolved = zone_.Resolve(clock);
+    if (!resolved.instant) {
+        RefuseWhen(text, "this clock time does not occur in " + zone_.name() + ": the clocks went from UTC" +
+                             FormatUtcOffset(resolved.offsetBefore) + " to UTC" +
+                             FormatUtcOffset(resolved.offsetAfter));
+    }
+    return reading - static_cast<double>(clock - *resolved.instant) / 86400.0;
+}
 
 double WhenReader::Now() {
     if (!fixedNow_.empty() && fixedNow_ != "now" && fixedNow_ != "today") {
@@ -84,7 +107,7 @@ double WhenReader::StarDate(const std::string& text, const When& when, int kind)
             starDate = Now();
             break;
         case WhenForm::Today:
-            starDate = static_cast<double>(SplitStarDate(Now()).day);
+            starDate = static_cast<double>(zone_.Localise(SplitStarDate(Now())).local.day);
             break;
         case WhenForm::StarDate:
         case WhenForm::JulianDate:
@@ -104,7 +127,7 @@ double WhenReader::StarDate(const std::string& text, const When& when, int kind)
                 const StarDay day = DayOfTrueDate(kind, *check.date);
                 if (!IsShownDay(day)) RefuseWhen(text, kOutOfRange);
             }
-            starDate = static_cast<double>(DayOfCivil(text, kind, *check.date)) + TimeOfDay(when.civil);
+            starDate = OnClock(text, when.civil, DayOfCivil(text, kind, *check.date));
             break;
         }
     }

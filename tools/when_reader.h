@@ -6,6 +6,7 @@
 #include <string>
 
 #include "module_dates.h"
+#include "time_zone.h"
 #include "when.h"
 
 namespace timetool {
@@ -13,8 +14,13 @@ namespace timetool {
 class WhenReader {
 public:
     // `fixedNow`: a WHEN (read as Gregorian) that "now" and "today" stand
-    // for; empty for the system clock.
-    WhenReader(ModuleDates& dates, std::string fixedNow);
+    // for; empty for the system clock. A time of day without "Z" or an
+    // offset is read on the clock of `zone`; "today" is its civil day there.
+    WhenReader(ModuleDates& dates, std::string fixedNow, TimeZone zone = TimeZone{});
+
+    const TimeZone& zone() const { return zone_; }
+    // Whether the clock time a civil WHEN gives is its UTC time of day.
+    bool ReadsAsUtc(const When& when) const;
 
     // The star date `text` names, a civil date being read in calendar
     // `kind`; throws ToolError (status 2, one line naming WHEN and why) for
@@ -26,9 +32,12 @@ public:
 
 private:
     double Now();
+    // The star date of a time of day on `day`, read on the clock the WHEN names.
+    double OnClock(const std::string& text, const CivilTime& civil, StarDay day) const;
 
     ModuleDates& dates_;
     std::string fixedNow_;
+    TimeZone zone_;
 };
 
 // "bad WHEN 'text': why", thrown as ToolError with status 2.

@@ -109,11 +109,48 @@ TEST(ParseWhen, RefusesMalformedTextWithAReason) {
         {"jd:1e12", "outside the range of years timetool shows (-32767 to 32767)"},
         {"@1e15", "outside the range of years timetool shows (-32767 to 32767)"},
         {"Now", "expected YYYY-MM-DD"},
+        {"2024-06-21+02:00", "unexpected characters after the date"},
+        {"2024-06-21T12:00+2", "expected a UTC offset such as +02:00"},
+        {"2024-06-21T12:00+02:0", "expected a UTC offset such as +02:00"},
+        {"2024-06-21T12:00+24:00", "expected a UTC offset such as +02:00"},
+        {"2024-06-21T12:00+05:60", "expected a UTC offset such as +02:00"},
+        {"2024-06-21T12:00+02:00Z", "unexpected characters after the date"},
+        {"2024-06-21T12:00Z+02:00", "unexpected characters after the date"},
+        {"2024-06-21T12:00+020", "expected a UTC offset such as +02:00"},
     };
     for (const RefusedCase& c : cases) {
         const WhenParse parsed = ParseWhen(c.text);
         EXPECT_FALSE(parsed.when) << c.text;
         EXPECT_EQ(parsed.error, c.error) << c.text;
+    }
+}
+
+struct ClockCase {
+    const char* text;
+    bool hasTime;
+    ClockBasis basis;
+    int offsetSeconds;
+};
+
+TEST(ParseWhen, ReadsWhoseClockATimeIsOn) {
+    const ClockCase cases[] = {
+        {"2024-06-21", false, ClockBasis::Zone, 0},
+        {"2024-06-21Z", false, ClockBasis::Utc, 0},
+        {"2024-06-21T11:52", true, ClockBasis::Zone, 0},
+        {"2024-06-21T11:52Z", true, ClockBasis::Utc, 0},
+        {"2024-06-21T11:52:07+02:00", true, ClockBasis::Offset, 7200},
+        {"2024-06-21T11:52+0530", true, ClockBasis::Offset, 19800},
+        {"2024-06-21 11:52:07.5-04:00", true, ClockBasis::Offset, -14400},
+        {"2024-06-21T11:52-03", true, ClockBasis::Offset, -10800},
+        {"2024-06-21T11:52+00:00", true, ClockBasis::Offset, 0},
+        {"2024-06-21T11:52-23:59", true, ClockBasis::Offset, -86340},
+    };
+    for (const ClockCase& c : cases) {
+        const WhenParse parsed = ParseWhen(c.text);
+        ASSERT_TRUE(parsed.when) << c.text << ": " << parsed.error;
+        EXPECT_EQ(parsed.when->civil.hasTime, c.hasTime) << c.text;
+        EXPECT_EQ(parsed.when->civil.basis, c.basis) << c.text;
+        EXPECT_EQ(parsed.when->civil.offsetSeconds, c.offsetSeconds) << c.text;
     }
 }
 
