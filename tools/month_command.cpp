@@ -8,6 +8,7 @@
 #include "month_view.h"
 #include "output_charset.h"
 #include "quoted_text.h"
+#include "sky_events.h"
 #include "tool_error.h"
 
 namespace timetool {
@@ -20,7 +21,10 @@ struct MonthOptions {
     std::string from;
     bool three = false;
     bool monday = false;
+    std::string latitude;
+    std::string longitude;
     bool json = false;
+    bool ics = false;
 };
 
 // A calendar marks the days of the four quarters; the days between carry the
@@ -135,6 +139,14 @@ void RunMonth(const MonthOptions& options) {
     if (options.three) views.push_back(NeighbourMonth(dates, current, false));
     views.push_back(current);
     if (options.three) views.push_back(NeighbourMonth(dates, current, true));
+    if (options.ics) {
+        const Location location = RequireLocation(options.latitude, options.longitude);
+        const StarDay first = views.front().days.front().starDay;
+        const StarDay last = views.back().days.back().starDay;
+        std::cout << SkyCalendar(first, static_cast<int>(last - first + 1), {location.latitude, location.longitude},
+                                 SkyCalendarContent::SunAndMoon);
+        return;
+    }
 
     if (options.json) {
         Json json = JsonDocument();
@@ -256,7 +268,13 @@ void AddMonthCommand(CLI::App& app) {
     command->add_flag("--three", options->three,
                       "the previous, current and next month side by side (day numbers only, to fit 80 columns)");
     command->add_flag("--monday", options->monday, "weeks start on Monday");
-    command->add_flag("--json", options->json, "print one JSON document");
+    command->add_option("--lat", options->latitude, std::string(kLatitudeHelp) + "; for --ics");
+    command->add_option("--lon", options->longitude, std::string(kLongitudeHelp) + "; for --ics");
+    CLI::Option* json = command->add_flag("--json", options->json, "print one JSON document");
+    command
+        ->add_flag("--ics", options->ics,
+                   "print the month's sunrises, sunsets and moon quarters as an iCalendar stream (UTC)")
+        ->excludes(json);
     command->footer(kWhenGrammar);
     command->callback([options] { RunMonth(*options); });
 }

@@ -8,6 +8,7 @@
 #include "instant_output.h"
 #include "output_charset.h"
 #include "quoted_text.h"
+#include "sky_events.h"
 #include "tool_context.h"
 #include "tool_error.h"
 
@@ -20,6 +21,7 @@ struct MoonOptions {
     std::string from = "gregorian";
     std::string days = "1";
     bool json = false;
+    bool ics = false;
 };
 
 std::string Padded(std::string text, std::size_t width) {
@@ -52,6 +54,12 @@ void RunMoon(const MoonOptions& options) {
         throw ToolError{kExitBadInput, "timetool: bad --days " + QuoteArgument(options.days) +
                                            ": the days run past the years timetool shows (-32767 to 32767)"};
     }
+    if (options.ics) {
+        const Location unused;  // the quarters belong to no place
+        std::cout << SkyCalendar(SplitStarDate(start).day, days, {unused.latitude, unused.longitude},
+                                 SkyCalendarContent::Moon);
+        return;
+    }
     Json rows = Json::array();
     std::string text = "Date and time (UTC)  Phase     Lit     Moon                 Module\n";
     for (int i = 0; i < days; ++i) {
@@ -80,7 +88,12 @@ void AddMoonCommand(CLI::App& app) {
     command->add_option("WHEN", options->when, kWhenHelp)->required();
     command->add_option("--from", options->from, kFromHelp);
     command->add_option("--days", options->days, "number of days, 1 to 3660 (default 1)");
-    command->add_flag("--json", options->json, "print one JSON document");
+    CLI::Option* json = command->add_flag("--json", options->json, "print one JSON document");
+    command
+        ->add_flag("--ics", options->ics,
+                   "print the new, first-quarter, full and last-quarter moons of the days (from 00:00 UTC) as an "
+                   "iCalendar stream")
+        ->excludes(json);
     command->footer(kWhenGrammar);
     command->callback([options] { RunMoon(*options); });
 }

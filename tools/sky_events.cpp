@@ -5,6 +5,7 @@
 #include <string>
 
 #include "sky/moon_quarters.h"
+#include "tool_error.h"
 #include "when.h"
 
 namespace timetool {
@@ -107,6 +108,20 @@ std::vector<CalendarEvent> CalendarEventsOf(const std::vector<SkyEvent>& events,
         entries.push_back(std::move(entry));
     }
     return entries;
+}
+
+std::string SkyCalendar(StarDay first, int days, sky::Place place, SkyCalendarContent content) {
+    const int firstYear = GregorianOfDay(first).year;
+    const int lastYear = GregorianOfDay(first + days - 1).year;
+    if (firstYear < kFirstSkyCalendarYear || lastYear > kLastSkyCalendarYear) {
+        throw ToolError{kExitBadInput, "timetool: --ics covers the years " + std::to_string(kFirstSkyCalendarYear) +
+                                           " to " + std::to_string(kLastSkyCalendarYear) +
+                                           " (iCalendar dates start in AD 1; the sky is known up to 3000)"};
+    }
+    std::vector<SkyEvent> events;
+    if (content != SkyCalendarContent::Moon) events = SunEventsOfDays(first, days, place);
+    if (content != SkyCalendarContent::Sun) events = MergeSkyEvents(std::move(events), MoonQuartersOfDays(first, days));
+    return WriteCalendar(CalendarEventsOf(events, place));
 }
 
 }  // namespace timetool

@@ -37,4 +37,17 @@ std::vector<SkyEvent> MergeSkyEvents(std::vector<SkyEvent> sun, const std::vecto
 // for the sun, the place, so one event has one UID in every run.
 std::vector<CalendarEvent> CalendarEventsOf(const std::vector<SkyEvent>& events, sky::Place place);
 
+enum class SkyCalendarContent : std::uint8_t { Sun, Moon, SunAndMoon };
+
+// Years a calendar of sky events covers: iCalendar dates start in AD 1, and
+// the sky's clock times are known up to 3000.
+inline constexpr int kFirstSkyCalendarYear = 1;
+inline constexpr int kLastSkyCalendarYear = 3000;
+
+// The iCalendar stream of the events of the civil days [first, first +
+// days) at a place. Throws ToolError (status 2) when the days leave the
+// years above. Days without a sunrise or sunset (polar day and night) add
+// no event.
+std::string SkyCalendar(StarDay first, int days, sky::Place place, SkyCalendarContent content);
+
 }  // namespace timetool

@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "instant_output.h"
 #include "quoted_text.h"
+#include "sky_events.h"
 #include "tool_context.h"
 #include "tool_error.h"
 
@@ -20,6 +21,7 @@ struct SunOptions {
     std::string longitude;
     std::string days = "1";
     bool json = false;
+    bool ics = false;
 };
 
 constexpr std::size_t kEventCellWidth = 13;  // "polar night" and two blanks
@@ -68,6 +70,11 @@ void RunSun(const SunOptions& options) {
         throw ToolError{kExitBadInput, "timetool: bad --days " + QuoteArgument(options.days) +
                                            ": the days run past the years timetool shows (-32767 to 32767)"};
     }
+    if (options.ics) {
+        std::cout << SkyCalendar(SplitStarDate(start).day, days, {location.latitude, location.longitude},
+                                 SkyCalendarContent::Sun);
+        return;
+    }
     Json rows = Json::array();
     std::string text = "Sun at " + FormatLatitude(location.latitude) + ", " + FormatLongitude(location.longitude) +
                        ", UTC (+1: on the next day, -1: on the day before)\n";
@@ -103,7 +110,9 @@ void AddSunCommand(CLI::App& app) {
     command->add_option("--lat", options->latitude, kLatitudeHelp);
     command->add_option("--lon", options->longitude, kLongitudeHelp);
     command->add_option("--days", options->days, "number of days, 1 to 3660 (default 1)");
-    command->add_flag("--json", options->json, "print one JSON document");
+    CLI::Option* json = command->add_flag("--json", options->json, "print one JSON document");
+    command->add_flag("--ics", options->ics, "print the sunrises and sunsets as an iCalendar stream (UTC)")
+        ->excludes(json);
     command->footer(kWhenGrammar);
     command->callback([options] { RunSun(*options); });
 }
