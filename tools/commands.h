@@ -55,7 +55,10 @@ inline constexpr const char* kLongitudeHelp = "longitude in degrees, east positi
 
 inline constexpr const char* kWhenGrammar = R"(WHEN (every command that takes an instant):
   Y-MM-DD[THH:MM[:SS[.fff]]][Z]  a date of the --from calendar (default gregorian) at a
-                                 time of day in UTC; a blank may replace T. Y is 1 to 5
+                                 time of day on the clock of the zone (TIME ZONES below),
+                                 of UTC with Z, or at an offset written after it (+02:00,
+                                 +0530, -03); a blank may replace T. A date alone names
+                                 that civil day, from its 00:00 UTC. Y is 1 to 5
                                  digits with an optional sign, astronomical as in ISO 8601:
                                  0 is 1 BC, -1 is 2 BC, -43 is 44 BC; -32767 to 32767.
                                  Seconds run below 60 (no leap seconds).
@@ -65,8 +68,9 @@ inline constexpr const char* kWhenGrammar = R"(WHEN (every command that takes an
                                  years); case and blanks do not matter ('5784-Sivan-15').
                                  Hebrew month numbers: 1 = Nisan, 7 = Tishri, 12 = Adar or
                                  Adar I, 13 = Adar II (leap years only).
-  now, today                     the current instant, and midnight UTC of its day; --now
-                                 WHEN or the variable TIMETOOL_NOW fixes them
+  now, today                     the current instant, and midnight UTC of its civil day
+                                 in the zone; --now WHEN or the variable TIMETOOL_NOW
+                                 fixes them
   sd:DAYS                        star date: days, 1.0 = 1 January AD 1 (Julian), 00:00
   jd:DAYS                        Julian Date
   @SECONDS                       Linux time
@@ -87,8 +91,15 @@ hebrew0 (4: the arithmetic Hebrew calendar from 1 Tishri of year 1). hebrew1 or
 hebrew-mean (3), adam (5) and generic (6) are the module's own calendars: their lines
 are the module's (Adam and Generic: Gregorian rules counted from the registry epoch).
 
+TIME ZONES: --tz ZONE, else the variable TZ, names a zone of the system's tz database
+(America/New_York, Asia/Kathmandu, UTC; TZ may start with ':'); with neither, UTC, never
+the machine's own zone. A TZ holding a POSIX rule rather than a zone name, or an unknown
+zone, exits 2. A clock time the zone skips when its clocks go forward is refused; one it
+passes twice when they go back is read as GNU date reads it.
+
 Output: each calendar line shows the true date; where the module's GetDate or SetDate
-gives something else, the line says so in brackets. Dates and times are UTC; ISO dates
+gives something else, the line says so in brackets. Clock times are shown in the zone
+with its abbreviation and offset (UTC by default); dates are UTC days; ISO dates
 and JSON years are astronomical (0 = 1 BC), text dates say BC. Clock times are the star
 date to the nearest second.)";
 

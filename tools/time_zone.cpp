@@ -30,7 +30,7 @@ constexpr std::streamsize kLargestZoneFile = 1 << 20;
 
 // Entries listed to the end of the database's range run on the zone's
 // closing rule instead.
-const date::sys_seconds kOpenEnded = date::sys_days{date::year{30000} / 1 / 1};
+constexpr date::sys_days kOpenEnded = date::sys_days{date::year{30000} / 1 / 1};
 
 // The closing line of a compiled zone: the POSIX rule for every instant
 // after its last listed change ("EST5EDT,M3.2.0,M11.1.0"); empty when the
