@@ -40,7 +40,7 @@ void RunConvert(const ConvertOptions& options) {
         Json json = JsonDocument();
         json["from"] = CalendarKindInfo(from).key;
         json["star_date"] = starDate;
-        json["utc"] = FormatUtcIso(instant);
+        AddInstantJson(json, "utc", instant, context.zone());
         json["calendars"] = calendars;
         std::cout << json.dump(2) << "\n";
         return;

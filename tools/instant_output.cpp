@@ -61,8 +61,9 @@ std::string FormatLinuxTime(double seconds) {
     return text;
 }
 
-std::string InstantText(const InstantReport& report, const std::optional<CalendarDetail>& detail) {
-    std::string out = LabelledLine("Instant", FormatUtcText(report.instant) + " UTC");
+std::string InstantText(const InstantReport& report, const std::optional<CalendarDetail>& detail,
+                        const TimeZone& zone) {
+    std::string out = LabelledLine("Instant", FormatShownInstant(report.instant, zone));
     for (const CalendarLine& line : report.calendars) {
         out += LabelledLine(CalendarKindInfo(line.kind).title, CalendarLineText(line));
     }
@@ -82,7 +83,7 @@ std::string InstantText(const InstantReport& report, const std::optional<Calenda
     out += LabelledLine("Julian Date", FormatFixed(report.julianDate, 6));
     out += LabelledLine("Linux time", report.linuxTime ? FormatLinuxTime(*report.linuxTime) : "out of range");
     out += LabelledLine("Weekday", std::string(WeekdayName(report.weekday)));
-    out += SunText(report.sun, report.location);
+    out += SunText(report.sun, report.location, zone);
     out += MoonText(report.moon);
     return out;
 }
@@ -111,8 +112,8 @@ Json CalendarJson(const CalendarLine& line) {
 
 std::string FormatDegrees(double degrees) { return FormatFixed(degrees, 2) + std::string(DegreeSign()); }
 
-std::string SunEventText(const SunEventReport& event) {
-    if (event.instant) return FormatUtcText(*event.instant) + " UTC";
+std::string SunEventText(const SunEventReport& event, const TimeZone& zone) {
+    if (event.instant) return FormatShownInstant(*event.instant, zone);
     return std::string(sky::DescribeAbsence(event.absence));
 }
 
@@ -124,16 +125,16 @@ std::string ModuleSunText(const ModuleSunReport& module) {
            FormatFixed(module.j0, 1);
 }
 
-std::string SunText(const SunReport& sun, const Location& location) {
+std::string SunText(const SunReport& sun, const Location& location, const TimeZone& zone) {
     const std::string place = " at " + FormatLatitude(location.latitude) + ", " + FormatLongitude(location.longitude);
     std::string out;
     if (!sun.sunrise.instant && IsUnknownOrInvalid(sun.sunrise.absence)) {
         out += LabelledLine("Sun", std::string(sky::DescribeAbsence(sun.sunrise.absence)) + place);
     } else {
-        out += LabelledLine("Sunrise", SunEventText(sun.sunrise) + place);
-        out += LabelledLine("Sunset", SunEventText(sun.sunset));
-        out += LabelledLine("Civil dawn", SunEventText(sun.civilDawn));
-        out += LabelledLine("Civil dusk", SunEventText(sun.civilDusk));
+        out += LabelledLine("Sunrise", SunEventText(sun.sunrise, zone) + place);
+        out += LabelledLine("Sunset", SunEventText(sun.sunset, zone));
+        out += LabelledLine("Civil dawn", SunEventText(sun.civilDawn, zone));
+        out += LabelledLine("Civil dusk", SunEventText(sun.civilDusk, zone));
     }
     out += LabelledLine("Module sun", ModuleSunText(sun.module) + " (noon, 1 January)");
     return out;
@@ -154,10 +155,6 @@ std::string MoonText(const MoonReport& moon) {
 
 namespace {
 
-Json EventJson(const SunEventReport& event) {
-    return event.instant ? Json(FormatUtcIso(*event.instant)) : Json(nullptr);
-}
-
 // The polar state of a pair of events: that of the first one missing for a
 // polar reason.
 Json PolarJson(const SunEventReport& first, const SunEventReport& second) {
@@ -174,16 +171,31 @@ Json NumberJson(double value) { return std::isfinite(value) ? Json(value) : Json
 
 }  // namespace
 
-Json SunJson(const SunReport& sun) {
+void AddInstantJson(Json& json, const std::string& key, const std::optional<ExactInstant>& instant,
+                    const TimeZone& zone) {
+    const std::string prefix = key == "utc" ? "" : key + "_";
+    if (!instant) {
+        json[key] = nullptr;
+        json[prefix + "local"] = nullptr;
+        json[prefix + "utc_offset"] = nullptr;
+        return;
+    }
+    const ZonedClock clock = zone.Localise(*instant);
+    json[key] = FormatUtcIso(*instant);
+    json[prefix + "local"] = FormatZonedIso(clock);
+    json[prefix + "utc_offset"] = FormatUtcOffset(clock.offset.seconds);
+}
+
+Json SunJson(const SunReport& sun, const TimeZone& zone) {
     const CivilDate date = GregorianOfDay(sun.day);
-    Json json{{"date", FormatIsoDate(date.year, date.month, date.day)},
-              {"sunrise", EventJson(sun.sunrise)},
-              {"sunset", EventJson(sun.sunset)},
-              {"civil_dawn", EventJson(sun.civilDawn)},
-              {"civil_dusk", EventJson(sun.civilDusk)},
-              {"polar", PolarJson(sun.sunrise, sun.sunset)},
-              {"civil_polar", PolarJson(sun.civilDawn, sun.civilDusk)},
-              {"reason", nullptr}};
+    Json json{{"date", FormatIsoDate(date.year, date.month, date.day)}};
+    AddInstantJson(json, "sunrise", sun.sunrise.instant, zone);
+    AddInstantJson(json, "sunset", sun.sunset.instant, zone);
+    AddInstantJson(json, "civil_dawn", sun.civilDawn.instant, zone);
+    AddInstantJson(json, "civil_dusk", sun.civilDusk.instant, zone);
+    json.update(Json{{"polar", PolarJson(sun.sunrise, sun.sunset)},
+                     {"civil_polar", PolarJson(sun.civilDawn, sun.civilDusk)},
+                     {"reason", nullptr}});
     if (IsUnknownOrInvalid(sun.sunrise.absence)) json["reason"] = sky::DescribeAbsence(sun.sunrise.absence);
     const ModuleSunReport& module = sun.module;
     json["module"] = Json{{"j0", module.j0},
@@ -194,22 +206,25 @@ Json SunJson(const SunReport& sun) {
     return json;
 }
 
-Json MoonJson(const MoonReport& moon) {
+Json MoonJson(const MoonReport& moon, const TimeZone& zone) {
     const bool known = std::isfinite(moon.phase);
-    return Json{{"utc", FormatUtcIso(moon.instant)},
-                {"phase", NumberJson(moon.phase)},
-                {"illuminated", NumberJson(moon.illuminated)},
-                {"name", known ? Json(moon.name.name) : Json(nullptr)},
-                {"glyph", known ? Json(moon.name.glyph) : Json(nullptr)},
-                {"reason", known ? Json(nullptr) : Json(sky::kUnknownYearsReason)},
-                {"module", Json{{"phase", static_cast<double>(moon.modulePhase)}}}};
+    Json json;
+    AddInstantJson(json, "utc", moon.instant, zone);
+    json.update(Json{{"phase", NumberJson(moon.phase)},
+                     {"illuminated", NumberJson(moon.illuminated)},
+                     {"name", known ? Json(moon.name.name) : Json(nullptr)},
+                     {"glyph", known ? Json(moon.name.glyph) : Json(nullptr)},
+                     {"reason", known ? Json(nullptr) : Json(sky::kUnknownYearsReason)},
+                     {"module", Json{{"phase", static_cast<double>(moon.modulePhase)}}}});
+    return json;
 }
 
-Json InstantJson(const InstantReport& report, const CalendarDetail& detail) {
+Json InstantJson(const InstantReport& report, const CalendarDetail& detail, const TimeZone& zone) {
     Json calendars = Json::array();
     for (const CalendarLine& line : report.calendars) calendars.push_back(CalendarJson(line));
     Json json = JsonDocument();
-    json["utc"] = FormatUtcIso(report.instant);
+    AddInstantJson(json, "utc", report.instant, zone);
+    json["time_zone"] = zone.name();
     json["star_date"] = report.starDate;
     json["julian_date"] = report.julianDate;
     json["linux_time"] = report.linuxTime ? Json(*report.linuxTime) : Json(nullptr);
@@ -232,8 +247,8 @@ Json InstantJson(const InstantReport& report, const CalendarDetail& detail) {
     }
     json["calendar"] = calendar;
     json["location"] = Json{{"latitude", report.location.latitude}, {"longitude", report.location.longitude}};
-    json["sun"] = SunJson(report.sun);
-    json["moon"] = MoonJson(report.moon);
+    json["sun"] = SunJson(report.sun, zone);
+    json["moon"] = MoonJson(report.moon, zone);
     return json;
 }
 

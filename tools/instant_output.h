@@ -6,6 +6,7 @@
 #include <string>
 
 #include "instant.h"
+#include "time_zone.h"
 
 namespace timetool {
 
@@ -32,18 +33,28 @@ CalendarDetail DescribeCalendarDetail(const ModuleSession& session, const Calend
 
 std::string FormatLinuxTime(double seconds);
 
-std::string InstantText(const InstantReport& report, const std::optional<CalendarDetail>& detail);
-Json InstantJson(const InstantReport& report, const CalendarDetail& detail);
+// Clock times are shown on the zone's clock; JSON keeps them in UTC and adds
+// the zone's reading beside each (AddInstantJson).
+std::string InstantText(const InstantReport& report, const std::optional<CalendarDetail>& detail, const TimeZone& zone);
+Json InstantJson(const InstantReport& report, const CalendarDetail& detail, const TimeZone& zone);
 // One day's sun and one instant's moon, the module's figures under "module".
-Json SunJson(const SunReport& sun);
-Json MoonJson(const MoonReport& moon);
+Json SunJson(const SunReport& sun, const TimeZone& zone);
+Json MoonJson(const MoonReport& moon, const TimeZone& zone);
+
+// An instant under `key`, in UTC ("2024-06-21T15:52:07Z"), followed by the
+// same instant on the zone's clock ("2024-06-21T11:52:07-04:00") and the
+// zone's offset then ("-04:00"): under "local" and "utc_offset" beside
+// "utc", else under "<key>_local" and "<key>_utc_offset". All three are
+// null for a missing instant.
+void AddInstantJson(Json& json, const std::string& key, const std::optional<ExactInstant>& instant,
+                    const TimeZone& zone);
 
 // "181.77°".
 std::string FormatDegrees(double degrees);
 // A sun event's UTC time, or what a person reads instead of one.
-std::string SunEventText(const SunEventReport& event);
+std::string SunEventText(const SunEventReport& event, const TimeZone& zone);
 // The labelled lines of the sun and of the moon in the instant view.
-std::string SunText(const SunReport& sun, const Location& location);
+std::string SunText(const SunReport& sun, const Location& location, const TimeZone& zone);
 std::string MoonText(const MoonReport& moon);
 Json CalendarJson(const CalendarLine& line);
 

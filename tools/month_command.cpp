@@ -36,9 +36,11 @@ std::string_view DayMark(const MonthDay& day) {
     return TextGlyph(BetweenQuartersName(day.moon.phase).glyph);
 }
 
-Json QuarterJson(const std::optional<DayQuarter>& quarter) {
+Json QuarterJson(const std::optional<DayQuarter>& quarter, const TimeZone& zone) {
     if (!quarter) return nullptr;
-    return Json{{"name", QuarterName(quarter->quarter).name}, {"utc", FormatUtcIso(quarter->instant)}};
+    Json json{{"name", QuarterName(quarter->quarter).name}};
+    AddInstantJson(json, "utc", quarter->instant, zone);
+    return json;
 }
 
 // How far from the module's own day number of day 1 the month is looked for
@@ -153,9 +155,9 @@ void RunMonth(const MonthOptions& options) {
         if (options.three) {
             json["calendar"] = CalendarKindInfo(kind).key;
             json["months"] = Json::array();
-            for (const MonthView& view : views) json["months"].push_back(MonthJson(view));
+            for (const MonthView& view : views) json["months"].push_back(MonthJson(view, context.zone()));
         } else {
-            json.update(MonthJson(current));
+            json.update(MonthJson(current, context.zone()));
         }
         std::cout << json.dump(2) << "\n";
         return;
@@ -226,14 +228,14 @@ std::vector<MonthGridDay> GridDays(const MonthView& view) {
     return grid;
 }
 
-Json MonthJson(const MonthView& view) {
+Json MonthJson(const MonthView& view, const TimeZone& zone) {
     Json rows = Json::array();
     for (const MonthDay& day : view.days) {
         rows.push_back(Json{{"day", day.day},
                             {"weekday", day.weekday},
                             {"star_date", static_cast<double>(day.starDay)},
-                            {"moon", MoonJson(day.moon)},
-                            {"quarter", QuarterJson(day.quarter)}});
+                            {"moon", MoonJson(day.moon, zone)},
+                            {"quarter", QuarterJson(day.quarter, zone)}});
     }
     return Json{{"calendar", CalendarKindInfo(view.kind).key},
                 {"year", view.year},

@@ -52,6 +52,6 @@ inline constexpr std::size_t kGridGap = 2;
 std::string MonthTitle(const MonthView& view, bool withYear);
 std::vector<MonthGridDay> GridDays(const MonthView& view);
 // The keys of the month command's document, without "schema".
-Json MonthJson(const MonthView& view);
+Json MonthJson(const MonthView& view, const TimeZone& zone);
 
 }  // namespace timetool

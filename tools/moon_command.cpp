@@ -29,8 +29,8 @@ std::string Padded(std::string text, std::size_t width) {
     return text;
 }
 
-std::string MoonRowText(const MoonReport& moon) {
-    std::string line = FormatUtcText(moon.instant) + "  ";
+std::string MoonRowText(const MoonReport& moon, const TimeZone& zone, std::size_t clockWidth) {
+    std::string line = Padded(FormatClockColumn(moon.instant, zone), clockWidth) + "  ";
     if (std::isfinite(moon.phase)) {
         // The phase takes ten columns whatever the bytes of its degree sign;
         // the glyph takes two.
@@ -61,13 +61,18 @@ void RunMoon(const MoonOptions& options) {
         return;
     }
     Json rows = Json::array();
-    std::string text = "Date and time (UTC)  Phase     Lit     Moon                 Module\n";
+    const TimeZone& zone = context.zone();
+    // The first column is as wide as its heading and its times: 19 characters
+    // in UTC, more with a zone's name, abbreviation and offset.
+    const std::string clockHeading = "Date and time (" + zone.name() + ")";
+    const std::size_t clockWidth = std::max(clockHeading.size(), FormatClockColumn(SplitStarDate(start), zone).size());
+    std::string text = Padded(clockHeading, clockWidth) + "  Phase     Lit     Moon                 Module\n";
     for (int i = 0; i < days; ++i) {
         const MoonReport moon = DescribeMoon(context.session(), start + i);
         if (options.json) {
-            rows.push_back(MoonJson(moon));
+            rows.push_back(MoonJson(moon, zone));
         } else {
-            text += MoonRowText(moon);
+            text += MoonRowText(moon, zone, clockWidth);
         }
     }
     if (options.json) {

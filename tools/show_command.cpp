@@ -28,9 +28,10 @@ void RunShow(const ShowOptions& options) {
     const CalendarDetail detail = DescribeCalendarDetail(context.session(), selected, report.instant.day);
 
     if (options.json) {
-        std::cout << InstantJson(report, detail).dump(2) << "\n";
+        std::cout << InstantJson(report, detail, context.zone()).dump(2) << "\n";
     } else {
-        std::cout << InstantText(report, options.calendar.empty() ? std::nullopt : std::optional(detail));
+        std::cout << InstantText(report, options.calendar.empty() ? std::nullopt : std::optional(detail),
+                                 context.zone());
     }
 }
 

@@ -26,13 +26,14 @@ struct SunOptions {
 
 constexpr std::size_t kEventCellWidth = 13;  // "polar night" and two blanks
 
-// "09:52:12", "01:16:40+1" for an event on the next UTC day, or the reason
-// it has none.
-std::string EventCell(const SunEventReport& event, StarDay rowDay) {
+// "09:52:12", "01:16:40+1" for an event on the next day of the zone's
+// clock, or the reason it has none.
+std::string EventCell(const SunEventReport& event, StarDay rowDay, const TimeZone& zone) {
     std::string cell;
     if (event.instant) {
-        cell = FormatClock(event.instant->second);
-        const StarDay offset = event.instant->day - rowDay;
+        const ExactInstant local = zone.Localise(*event.instant).local;
+        cell = FormatClock(local.second);
+        const StarDay offset = local.day - rowDay;
         if (offset != 0) cell += (offset > 0 ? "+" : "") + std::to_string(offset);
     } else {
         cell = std::string(sky::DescribeAbsence(event.absence));
@@ -46,7 +47,16 @@ std::string ModuleCell(const ModuleSunReport& module) {
     return FormatFixed(module.sunriseDays, 6) + "  " + FormatFixed(module.sunsetDays, 6);
 }
 
-std::string SunRowText(const SunReport& sun, const std::string& dateText) {
+// "EDT -04:00": the zone's reading at the row's sunrise, else at its noon UTC.
+std::string ZoneCell(const SunReport& sun, const TimeZone& zone) {
+    const ExactInstant at = sun.sunrise.instant.value_or(ExactInstant{sun.day, 43200});
+    const ZoneOffset offset = zone.Localise(at).offset;
+    std::string cell = offset.abbreviation + " " + FormatUtcOffset(offset.seconds);
+    if (cell.size() < kEventCellWidth) cell.resize(kEventCellWidth, ' ');
+    return cell;
+}
+
+std::string SunRowText(const SunReport& sun, const std::string& dateText, const TimeZone& zone) {
     std::string line = dateText;
     line.resize(13, ' ');
     if (!sun.sunrise.instant && (sun.sunrise.absence == sky::SunAbsence::UnknownYears ||
@@ -54,8 +64,10 @@ std::string SunRowText(const SunReport& sun, const std::string& dateText) {
         line += std::string(sky::DescribeAbsence(sun.sunrise.absence)) + "  module " + ModuleCell(sun.module);
         return line + "\n";
     }
-    line += EventCell(sun.civilDawn, sun.day) + EventCell(sun.sunrise, sun.day) + EventCell(sun.sunset, sun.day) +
-            EventCell(sun.civilDusk, sun.day) + ModuleCell(sun.module);
+    line += EventCell(sun.civilDawn, sun.day, zone) + EventCell(sun.sunrise, sun.day, zone) +
+            EventCell(sun.sunset, sun.day, zone) + EventCell(sun.civilDusk, sun.day, zone);
+    if (!zone.IsUtc()) line += ZoneCell(sun, zone);
+    line += ModuleCell(sun.module);
     return line + "\n";
 }
 
@@ -75,17 +87,20 @@ void RunSun(const SunOptions& options) {
                                  SkyCalendarContent::Sun);
         return;
     }
+    const TimeZone& zone = context.zone();
     Json rows = Json::array();
     std::string text = "Sun at " + FormatLatitude(location.latitude) + ", " + FormatLongitude(location.longitude) +
-                       ", UTC (+1: on the next day, -1: on the day before)\n";
-    text += "Date         Civil dawn   Sunrise      Sunset       Civil dusk   Module sunrise, sunset (days from J0)\n";
+                       ", " + (zone.IsUtc() ? std::string("UTC") : zone.name() + " clock") +
+                       " (+1: on the next day, -1: on the day before)\n";
+    text += std::string("Date         Civil dawn   Sunrise      Sunset       Civil dusk   ") +
+            (zone.IsUtc() ? "" : "Zone         ") + "Module sunrise, sunset (days from J0)\n";
     for (int i = 0; i < days; ++i) {
         const SunReport sun = DescribeSun(context.session(), start + i, location);
         if (options.json) {
-            rows.push_back(SunJson(sun));
+            rows.push_back(SunJson(sun, zone));
         } else {
             const CivilDate date = GregorianOfDay(sun.day);
-            text += SunRowText(sun, FormatIsoDate(date.year, date.month, date.day));
+            text += SunRowText(sun, FormatIsoDate(date.year, date.month, date.day), zone);
         }
     }
     if (options.json) {

@@ -159,4 +159,12 @@ std::string FormatZonedIso(const ZonedClock& clock) {
     return text + FormatUtcOffset(clock.offset.seconds);
 }
 
+std::string FormatShownInstant(const ExactInstant& utc, const TimeZone& zone) {
+    return zone.IsUtc() ? FormatUtcText(utc) + " UTC" : FormatZonedText(zone.Localise(utc));
+}
+
+std::string FormatClockColumn(const ExactInstant& utc, const TimeZone& zone) {
+    return zone.IsUtc() ? FormatUtcText(utc) : FormatZonedText(zone.Localise(utc));
+}
+
 }  // namespace timetool

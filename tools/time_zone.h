@@ -90,4 +90,11 @@ std::string FormatZonedText(const ZonedClock& clock);
 // "2024-06-21T11:52:07-04:00".
 std::string FormatZonedIso(const ZonedClock& clock);
 
+// The two text forms every shown clock time takes. An instant on its own:
+// "2024-06-21 15:52:07 UTC", or on a zone's clock "2024-06-21 11:52:07 EDT
+// (-04:00)". In a column whose heading names UTC: "2024-06-21 15:52:07",
+// or the zone's form as above.
+std::string FormatShownInstant(const ExactInstant& utc, const TimeZone& zone);
+std::string FormatClockColumn(const ExactInstant& utc, const TimeZone& zone);
+
 }  // namespace timetool

@@ -231,7 +231,7 @@ TEST_F(TimetoolReading, LinesOutsideTheirRangeSaySoAndNeverWrap) {
 TEST_F(TimetoolReading, ShowJsonCarriesItsSchemaAndZuluTimes) {
     const InstantReport report = DescribeInstant(context_.dates(), 739060.0 + 64440.0 / 86400.0, {0, 4}, Location{});
     const CalendarDetail detail = DescribeCalendarDetail(context_.session(), report.calendars[0], report.instant.day);
-    const Json json = InstantJson(report, detail);
+    const Json json = InstantJson(report, detail, TimeZone{});
     EXPECT_EQ(json.begin().key(), "schema");
     EXPECT_EQ(json.at("schema"), 3);
     EXPECT_EQ(json.at("utc"), "2024-06-21T17:54:00Z");

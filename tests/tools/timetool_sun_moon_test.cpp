@@ -85,7 +85,7 @@ TEST_F(TimetoolSunMoon, LondonInDecemberSetsAfterItRises) {
     EXPECT_LT(SecondsOf(*sun.sunrise.instant), SecondsOf(*sun.sunset.instant));
     EXPECT_NEAR(SecondsOf(*sun.sunrise.instant), SecondsOfJulianDate(2460665.8360603), 60.0);
     EXPECT_NEAR(SecondsOf(*sun.sunset.instant), SecondsOfJulianDate(2460666.1622897), 60.0);
-    const std::string text = SunText(sun, Location{51.5, -0.13});
+    const std::string text = SunText(sun, Location{51.5, -0.13}, TimeZone{});
     EXPECT_NE(text.find("Sunrise        2024-12-21 08:0"), std::string::npos) << text;
     EXPECT_NE(text.find("Sunset         2024-12-21 15:5"), std::string::npos) << text;
 }
@@ -98,7 +98,7 @@ TEST_F(TimetoolSunMoon, ModuleFiguresStayBesideTheTrueOnes) {
     EXPECT_EQ(sun.module.j0, 738888.5);
     EXPECT_DOUBLE_EQ(sun.module.sunriseDays, 171.59733151711325);
     EXPECT_DOUBLE_EQ(sun.module.sunsetDays, 171.82995345218822);
-    const Json json = SunJson(sun);
+    const Json json = SunJson(sun, TimeZone{});
     EXPECT_EQ(json.at("date"), "2024-06-21");
     EXPECT_EQ(json.at("sunrise").get<std::string>().substr(0, 16), "2024-06-21T09:52");
     EXPECT_EQ(json.at("sunset").get<std::string>().substr(0, 16), "2024-06-22T01:16");
@@ -106,7 +106,8 @@ TEST_F(TimetoolSunMoon, ModuleFiguresStayBesideTheTrueOnes) {
     EXPECT_TRUE(json.at("reason").is_null());
     EXPECT_EQ(json.at("module").at("j0"), 738888.5);
     EXPECT_DOUBLE_EQ(json.at("module").at("sunset_star_date").get<double>(), 738888.5 + 171.82995345218822);
-    EXPECT_NE(SunText(sun, Location{43.3, -83.045}).find("Module sun     171.597332, 171.829953 days from J0 738888.5"),
+    EXPECT_NE(SunText(sun, Location{43.3, -83.045}, TimeZone{})
+                  .find("Module sun     171.597332, 171.829953 days from J0 738888.5"),
               std::string::npos);
 }
 
@@ -120,12 +121,12 @@ TEST_F(TimetoolSunMoon, PolarDayAndNightAreNamedForEveryEvent) {
     for (const SunEventReport* event : {&south.sunrise, &south.sunset, &south.civilDawn, &south.civilDusk}) {
         EXPECT_EQ(event->absence, sky::SunAbsence::PolarNight);
     }
-    const Json json = SunJson(south);
+    const Json json = SunJson(south, TimeZone{});
     EXPECT_EQ(json.at("polar"), "polar night");
     EXPECT_EQ(json.at("civil_polar"), "polar night");
     EXPECT_TRUE(json.at("civil_dawn").is_null());
     // Tromso in December: no sunrise, but civil dawn and dusk happen.
-    const Json tromso = SunJson(Sun(StarDateAt(2024, 12, 21, 0, 0), 69.65, 18.96));
+    const Json tromso = SunJson(Sun(StarDateAt(2024, 12, 21, 0, 0), 69.65, 18.96), TimeZone{});
     EXPECT_EQ(tromso.at("polar"), "polar night");
     EXPECT_TRUE(tromso.at("civil_polar").is_null());
     EXPECT_EQ(tromso.at("civil_dawn").get<std::string>().substr(0, 16), "2024-12-21T08:31");
@@ -134,14 +135,14 @@ TEST_F(TimetoolSunMoon, PolarDayAndNightAreNamedForEveryEvent) {
 TEST_F(TimetoolSunMoon, OutsideTheKnownYearsTheReasonStandsForTheTimes) {
     const SunReport sun = Sun(StarDateAt(-1001, 6, 21, 0, 0), 43.3, -83.045);
     EXPECT_FALSE(sun.sunrise.instant);
-    const Json json = SunJson(sun);
+    const Json json = SunJson(sun, TimeZone{});
     EXPECT_TRUE(json.at("sunrise").is_null());
     EXPECT_TRUE(json.at("civil_dusk").is_null());
     EXPECT_TRUE(json.at("polar").is_null());
     EXPECT_EQ(json.at("reason"), "Earth's rotation is not known well enough outside the years -1000 to 3000");
     EXPECT_TRUE(json.at("module").at("sunrise_days").is_number());
     const MoonReport moon = Moon(StarDateAt(3001, 1, 1, 0, 0));
-    const Json moonJson = MoonJson(moon);
+    const Json moonJson = MoonJson(moon, TimeZone{});
     EXPECT_TRUE(moonJson.at("phase").is_null());
     EXPECT_TRUE(moonJson.at("name").is_null());
     EXPECT_EQ(moonJson.at("reason"), "Earth's rotation is not known well enough outside the years -1000 to 3000");
@@ -213,7 +214,7 @@ TEST_F(TimetoolSunMoon, ModuleMoonIsItsMeanLunation) {
     const MoonReport january = Moon(StarDateAt(2024, 1, 11, 11, 57));
     EXPECT_NEAR(january.modulePhase, 3.84, 0.005);
     EXPECT_EQ(january.name.name, "new");
-    const Json json = MoonJson(january);
+    const Json json = MoonJson(january, TimeZone{});
     EXPECT_EQ(json.at("utc"), "2024-01-11T11:57:00Z");
     EXPECT_NEAR(json.at("module").at("phase").get<double>(), 3.84, 0.005);
     EXPECT_LT(json.at("illuminated").get<double>(), 0.01);

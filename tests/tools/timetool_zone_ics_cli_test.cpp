@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <libical/ical.h>
 
+#include <cstdio>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -191,6 +192,129 @@ TEST(TimetoolZones, UnknownZonesExit2NamingWhereTheyCameFrom) {
               "timetool: bad TZ 'CET-1CEST,M3.5.0,M10.5.0/3': not a zone of the tz database (a name such as "
               "Europe/Paris or UTC)\n");
     EXPECT_TRUE(variable.out.empty());
+}
+
+// What GNU date prints for an instant on a zone's clock, TZ set for it alone.
+std::string DateClock(const std::string& zone, long long seconds, const std::string& format) {
+    const ToolRun run = RunProgram("/bin/date", {"-d", "@" + std::to_string(seconds), format}, "", {"TZ=" + zone});
+    EXPECT_EQ(run.status, 0) << run.err;
+    return run.out.substr(0, run.out.find('\n'));
+}
+
+std::string LineOf(const std::string& text, const std::string& label) {
+    const std::size_t start = text.find("\n" + label);
+    if (start == std::string::npos) return text.rfind(label, 0) == 0 ? text.substr(0, text.find('\n')) : "";
+    return text.substr(start + 1, text.find('\n', start + 1) - start - 1);
+}
+
+TEST(TimetoolZones, ShowPrintsClockTimesOnTheZonesClock) {
+    const ToolRun run = RunTimetool({"show", "2024-06-21T11:52:07", "--tz", "America/New_York"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(LineOf(run.out, "Instant"), "Instant        2024-06-21 11:52:07 EDT (-04:00)");
+    const std::vector<SkyEvent> sun = SunEventsOfDays(Day(2024, 6, 21), 1, sky::Place{43.3, -83.045});
+    ASSERT_EQ(sun.size(), 2u);
+    EXPECT_EQ(LineOf(run.out, "Sunrise"),
+              "Sunrise        " +
+                  DateClock("America/New_York", Seconds(sun[0].instant), "+%Y-%m-%d %H:%M:%S %Z (%:z)") +
+                  " at 43.3 N, 83.045 W");
+    EXPECT_EQ(LineOf(run.out, "Sunset"), "Sunset         " + DateClock("America/New_York", Seconds(sun[1].instant),
+                                                                       "+%Y-%m-%d %H:%M:%S %Z (%:z)"));
+}
+
+struct ZoneJsonCase {
+    const char* when;
+    const char* zone;
+    const char* utc;
+    const char* local;
+    const char* offset;
+};
+
+TEST(TimetoolZones, JsonKeepsUtcAndAddsLocalAndOffset) {
+    const ZoneJsonCase cases[] = {
+        {"2024-06-21T11:52:07", "America/New_York", "2024-06-21T15:52:07Z", "2024-06-21T11:52:07-04:00", "-04:00"},
+        {"2024-01-21T11:52:07", "America/New_York", "2024-01-21T16:52:07Z", "2024-01-21T11:52:07-05:00", "-05:00"},
+        {"2024-01-21T11:52:07", "Australia/Sydney", "2024-01-21T00:52:07Z", "2024-01-21T11:52:07+11:00", "+11:00"},
+        {"2024-07-21T11:52:07", "Australia/Sydney", "2024-07-21T01:52:07Z", "2024-07-21T11:52:07+10:00", "+10:00"},
+        {"2024-06-21T11:52:07", "Asia/Kathmandu", "2024-06-21T06:07:07Z", "2024-06-21T11:52:07+05:45", "+05:45"},
+        {"2024-06-21T11:52:07", "UTC", "2024-06-21T11:52:07Z", "2024-06-21T11:52:07+00:00", "+00:00"},
+    };
+    for (const ZoneJsonCase& c : cases) {
+        const ToolRun run = RunTimetool({"show", c.when, "--json", "--tz", c.zone});
+        ASSERT_EQ(run.status, 0) << run.err;
+        const nlohmann::json json = nlohmann::json::parse(run.out);
+        EXPECT_EQ(json["utc"], c.utc) << c.zone;
+        EXPECT_EQ(json["local"], c.local) << c.zone;
+        EXPECT_EQ(json["utc_offset"], c.offset) << c.zone;
+        EXPECT_EQ(json["time_zone"], c.zone);
+        EXPECT_EQ(json["moon"]["local"], c.local) << c.zone;
+    }
+}
+
+TEST(TimetoolZones, JsonSunEventsCarryLocalTimes) {
+    const ToolRun run = RunTimetool({"sun", "2024-06-21", "--json", "--tz", "America/New_York"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::json day = nlohmann::json::parse(run.out)["days"][0];
+    const std::vector<SkyEvent> sun = SunEventsOfDays(Day(2024, 6, 21), 1, sky::Place{43.3, -83.045});
+    ASSERT_EQ(sun.size(), 2u);
+    EXPECT_EQ(day["sunrise_local"], DateClock("America/New_York", Seconds(sun[0].instant), "+%Y-%m-%dT%H:%M:%S%:z"));
+    EXPECT_EQ(day["sunset_local"], DateClock("America/New_York", Seconds(sun[1].instant), "+%Y-%m-%dT%H:%M:%S%:z"));
+    EXPECT_EQ(day["sunrise_utc_offset"], "-04:00");
+    const ToolRun polar = RunTimetool({"sun", "2024-12-21", "--json", "--lat", "69.65", "--lon", "18.96"});
+    ASSERT_EQ(polar.status, 0) << polar.err;
+    const nlohmann::json night = nlohmann::json::parse(polar.out)["days"][0];
+    EXPECT_TRUE(night["sunrise_local"].is_null());
+    EXPECT_TRUE(night["sunrise_utc_offset"].is_null());
+}
+
+struct SunAcrossChange {
+    const char* zone;
+    double latitude, longitude;
+    int year, month, day;
+};
+
+// Each sunrise and sunset of three days around a change of clocks, as GNU
+// date shows the sky library's instant on the zone's clock.
+TEST(TimetoolZones, SunRowsAcrossClockChangesInBothHemispheres) {
+    const SunAcrossChange cases[] = {
+        {"America/New_York", 40.71, -74.01, 2024, 3, 9},    {"America/New_York", 40.71, -74.01, 2024, 11, 2},
+        {"Australia/Sydney", -33.87, 151.21, 2024, 10, 5},  {"Australia/Sydney", -33.87, 151.21, 2024, 4, 6},
+        {"Australia/Adelaide", -34.93, 138.6, 2024, 10, 5},
+    };
+    for (const SunAcrossChange& c : cases) {
+        const std::string lat = std::to_string(c.latitude);
+        const std::string lon = std::to_string(c.longitude);
+        char when[16];
+        std::snprintf(when, sizeof when, "%04d-%02d-%02d", c.year, c.month, c.day);
+        const ToolRun run = RunTimetool({"sun", when, "--days", "3", "--lat", lat, "--lon", lon, "--tz", c.zone});
+        ASSERT_EQ(run.status, 0) << run.err;
+        const std::vector<SkyEvent> sun =
+            SunEventsOfDays(Day(c.year, c.month, c.day), 3, sky::Place{c.latitude, c.longitude});
+        ASSERT_EQ(sun.size(), 6u);
+        std::vector<std::string> rows;
+        for (std::size_t start = run.out.find('\n') + 1; start < run.out.size();) {
+            const std::size_t end = run.out.find('\n', start);
+            rows.push_back(run.out.substr(start, end - start));
+            start = end + 1;
+        }
+        ASSERT_EQ(rows.size(), 4u) << run.out;
+        for (int d = 0; d < 3; ++d) {
+            const std::string& row = rows[static_cast<std::size_t>(d) + 1];
+            const std::string rise = DateClock(c.zone, Seconds(sun[2 * d].instant), "+%H:%M:%S");
+            const std::string set = DateClock(c.zone, Seconds(sun[2 * d + 1].instant), "+%H:%M:%S");
+            const std::string zone = DateClock(c.zone, Seconds(sun[2 * d].instant), "+%Z %:z");
+            EXPECT_EQ(row.substr(26, 8), rise) << c.zone << " " << row;
+            EXPECT_EQ(row.substr(39, 8), set) << c.zone << " " << row;
+            EXPECT_EQ(row.substr(65, zone.size()), zone) << c.zone << " " << row;
+        }
+    }
+}
+
+TEST(TimetoolZones, MoonRowsOnTheZonesClock) {
+    const ToolRun run = RunTimetool({"moon", "2024-06-21T12:00", "--days", "2", "--tz", "Australia/Adelaide"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out.substr(0, run.out.find('\n')),
+              "Date and time (Australia/Adelaide)  Phase     Lit     Moon                 Module");
+    EXPECT_EQ(run.out.find("\n2024-06-21 12:00:00 ACST (+09:30)   "), run.out.find('\n'));
 }
 
 }  // namespace
