@@ -284,8 +284,9 @@ TEST(TimetoolShow, DefaultViewAsJsonHasTheShowKeys) {
     const nlohmann::ordered_json doc = nlohmann::ordered_json::parse(run.out);
     std::vector<std::string> keys;
     for (auto entry = doc.begin(); entry != doc.end(); ++entry) keys.push_back(entry.key());
-    EXPECT_EQ(keys, (std::vector<std::string>{"schema", "utc", "star_date", "julian_date", "linux_time", "weekday",
-                                              "weekday_name", "calendars", "calendar", "location", "sun", "moon"}));
+    EXPECT_EQ(keys, (std::vector<std::string>{"schema", "utc", "local", "utc_offset", "time_zone", "star_date",
+                                              "julian_date", "linux_time", "weekday", "weekday_name", "calendars",
+                                              "calendar", "location", "sun", "moon"}));
     EXPECT_EQ(doc.at("schema"), 3);
     EXPECT_EQ(doc.at("calendars").size(), 7u);
 }
@@ -382,8 +383,10 @@ TEST(TimetoolConvert, JsonListsTheTargets) {
     const ToolRun run = RunTimetool({"convert", "2024-06-21", "--to", "julian", "--json"});
     ASSERT_EQ(run.status, 0) << run.err;
     const json doc = json::parse(run.out);
-    EXPECT_EQ(doc.size(), 5u);
+    EXPECT_EQ(doc.size(), 7u);
     EXPECT_EQ(doc.at("schema"), 3);
+    EXPECT_EQ(doc.at("local"), "2024-06-21T00:00:00+00:00");
+    EXPECT_EQ(doc.at("utc_offset"), "+00:00");
     EXPECT_EQ(doc.at("from"), "gregorian");
     EXPECT_EQ(doc.at("star_date"), 739060.0);
     EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00Z");
@@ -407,8 +410,11 @@ TEST(TimetoolShowJson, EveryKeyOfTheSolstice) {
     const ToolRun run = RunTimetool({"show", "2024-06-21", "--json"});
     ASSERT_EQ(run.status, 0) << run.err;
     const json doc = json::parse(run.out);
-    EXPECT_EQ(doc.size(), 12u);
+    EXPECT_EQ(doc.size(), 15u);
     EXPECT_EQ(doc.at("utc"), "2024-06-21T00:00:00Z");
+    EXPECT_EQ(doc.at("local"), "2024-06-21T00:00:00+00:00");
+    EXPECT_EQ(doc.at("utc_offset"), "+00:00");
+    EXPECT_EQ(doc.at("time_zone"), "UTC");
     EXPECT_EQ(doc.at("star_date"), 739060.0);
     EXPECT_EQ(doc.at("julian_date"), 2460482.5);
     EXPECT_EQ(doc.at("linux_time"), 1718928000.0);
@@ -456,7 +462,7 @@ TEST(TimetoolShowJson, EveryKeyOfTheSolstice) {
     EXPECT_EQ(location.at("longitude"), -83.045);
 
     const json& sun = doc.at("sun");
-    EXPECT_EQ(sun.size(), 9u);
+    EXPECT_EQ(sun.size(), 17u);
     EXPECT_EQ(sun.at("date"), "2024-06-21");
     EXPECT_TRUE(sun.at("polar").is_null());
     EXPECT_TRUE(sun.at("civil_polar").is_null());
@@ -477,8 +483,9 @@ TEST(TimetoolShowJson, EveryKeyOfTheSolstice) {
     EXPECT_DOUBLE_EQ(moduleSun.at("sunset_star_date").get<double>(), 738888.5 + 171.82995345218822);
 
     const json& moon = doc.at("moon");
-    EXPECT_EQ(moon.size(), 7u);
+    EXPECT_EQ(moon.size(), 9u);
     EXPECT_EQ(moon.at("utc"), "2024-06-21T00:00:00Z");
+    EXPECT_EQ(moon.at("local"), "2024-06-21T00:00:00+00:00");
     // 25 h 8 min before the full moon of 22 June 01:08 UTC, at about 0.5 degrees an hour.
     EXPECT_NEAR(moon.at("phase").get<double>(), 167.0, 0.5);
     EXPECT_NEAR(moon.at("illuminated").get<double>(), 0.986, 0.002);
@@ -556,8 +563,10 @@ TEST(TimetoolSun, JsonRowOfTheSolstice) {
     const auto& row = doc.at("days").at(0);
     std::vector<std::string> keys;
     for (auto entry = row.begin(); entry != row.end(); ++entry) keys.push_back(entry.key());
-    EXPECT_EQ(keys, (std::vector<std::string>{"date", "sunrise", "sunset", "civil_dawn", "civil_dusk", "polar",
-                                              "civil_polar", "reason", "module"}));
+    EXPECT_EQ(keys, (std::vector<std::string>{"date", "sunrise", "sunrise_local", "sunrise_utc_offset", "sunset",
+                                              "sunset_local", "sunset_utc_offset", "civil_dawn", "civil_dawn_local",
+                                              "civil_dawn_utc_offset", "civil_dusk", "civil_dusk_local",
+                                              "civil_dusk_utc_offset", "polar", "civil_polar", "reason", "module"}));
     EXPECT_EQ(row.at("date"), "2024-06-21");
     EXPECT_TRUE(row.at("polar").is_null());
     EXPECT_EQ(MaskClocks(row.at("sunrise").get<std::string>()), "2024-06-21Thh:mm:ssZ");
@@ -641,7 +650,7 @@ TEST(TimetoolMoon, PublishedNewMoonOfJanuary2024) {
     const json doc = json::parse(full.out);
     ASSERT_EQ(doc.at("days").size(), 1u);
     const json& day = doc.at("days").at(0);
-    EXPECT_EQ(day.size(), 7u);
+    EXPECT_EQ(day.size(), 9u);
     EXPECT_EQ(day.at("utc"), "2024-01-25T17:54:00Z");
     EXPECT_NEAR(day.at("phase").get<double>(), 180.0, 0.01);
     EXPECT_NEAR(day.at("illuminated").get<double>(), 1.0, 0.003);
