@@ -10,7 +10,7 @@ _timetool() {
     local commands="show convert sun moon month year between save load window"
     local kinds="gregorian julian western hebrew hebrew0 hebrew1 hebrew-mean adam generic"
     # Options that take a value, so that the value is not read as an argument.
-    local valued="--now --from --calendar --to --lat --lon --days --stat"
+    local valued="--now --tz --from --calendar --to --lat --lon --days --stat"
 
     case $prev in
         --calendar | --from)
@@ -30,6 +30,15 @@ _timetool() {
             compopt -o nospace
             return
             ;;
+        --tz)
+            # Zone names of the system's tz database, one folder level at a time.
+            local zones=/usr/share/zoneinfo
+            if [[ -d $zones ]]; then
+                mapfile -t COMPREPLY < <(cd "$zones" && compgen -f -- "$cur" | grep -v '\.tab$')
+                compopt -o filenames
+            fi
+            return
+            ;;
         --now | --lat | --lon | --days)
             return
             ;;
@@ -47,12 +56,12 @@ _timetool() {
 
     local options
     case $command in
-        "") options="-h --help --version --json --now --ascii" ;;
+        "") options="-h --help --version --json --now --tz --ascii" ;;
         show) options="-h --help --from --calendar --lat --lon --json" ;;
         convert) options="-h --help --from --to --json" ;;
-        sun) options="-h --help --from --lat --lon --days --json" ;;
-        moon) options="-h --help --from --days --json" ;;
-        month) options="-h --help --calendar --from --three --monday --json" ;;
+        sun) options="-h --help --from --lat --lon --days --json --ics" ;;
+        moon) options="-h --help --from --days --json --ics" ;;
+        month) options="-h --help --calendar --from --three --monday --lat --lon --json --ics" ;;
         year) options="-h --help --calendar --from --monday --json" ;;
         between) options="-h --help --from --calendar --json" ;;
         save) options="-h --help --from --json" ;;
