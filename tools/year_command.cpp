@@ -78,7 +78,7 @@ void RunYear(const YearOptions& options) {
         json["calendar"] = CalendarKindInfo(kind).key;
         json["year"] = year;
         json["months"] = Json::array();
-        for (const MonthView& month : months) json["months"].push_back(MonthJson(month));
+        for (const MonthView& month : months) json["months"].push_back(MonthJson(month, context.zone()));
         std::cout << json.dump(2) << "\n";
         return;
     }
