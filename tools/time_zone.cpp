@@ -6,6 +6,7 @@
 #include <chrono>
 #include <fstream>
 
+#include "quoted_text.h"
 #include "tool_error.h"
 
 // The rule reader names hh_mm_ss unqualified beside both std::chrono and
@@ -134,8 +135,8 @@ TimeZone ResolveZone(const std::string& option, const char* variable) {
     }
     std::optional<TimeZone> zone = TimeZone::Named(name);
     if (!zone) {
-        throw ToolError{kExitBadInput, "timetool: bad " + source + " '" + name +
-                                           "': not a zone of the tz database (a name such as Europe/Paris or UTC)"};
+        throw ToolError{kExitBadInput, "timetool: bad " + source + " " + QuoteArgument(name) +
+                                           ": not a zone of the tz database (a name such as Europe/Paris or UTC)"};
     }
     return *std::move(zone);
 }

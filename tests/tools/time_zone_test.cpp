@@ -224,13 +224,17 @@ TEST(ResolveZone, UnknownNamesAndPosixRulesAreRefusedWithStatus2) {
         const char* variable;
         const char* message;
     };
-    constexpr std::array<Case, 3> kCases{{
+    constexpr std::array<Case, 4> kCases{{
         {"Nowhere/Land", nullptr,
          "timetool: bad --tz 'Nowhere/Land': not a zone of the tz database (a name such as Europe/Paris or UTC)"},
         {"", "Mars/Olympus",
          "timetool: bad TZ 'Mars/Olympus': not a zone of the tz database (a name such as Europe/Paris or UTC)"},
         {"", "CET-1CEST,M3.5.0,M10.5.0/3",
          "timetool: bad TZ 'CET-1CEST,M3.5.0,M10.5.0/3': not a zone of the tz database (a name such as "
+         "Europe/Paris or UTC)"},
+        // An echoed name shows its control characters escaped.
+        {"\x1b]0;title\x07Zulu\n", nullptr,
+         "timetool: bad --tz '\\x1b]0;title\\x07Zulu\\n': not a zone of the tz database (a name such as "
          "Europe/Paris or UTC)"},
     }};
     for (const Case& c : kCases) {
