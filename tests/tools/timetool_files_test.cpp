@@ -87,6 +87,16 @@ struct RefusedCase {
     const char* why;
 };
 
+// Writes the bytes to the file, loads it and expects the one-line refusal.
+void ExpectLoadRefused(const std::string& file, const std::string& bytes, const std::string& why) {
+    SCOPED_TRACE(why);
+    WriteFile(file, bytes);
+    const ToolRun run = RunTimetool({"load", file});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "timetool: bad FILE '" + file + "': " + why + "\n");
+}
+
 TEST(TimetoolLoad, AHandWrittenSetLoadsLikeASavedOne) {
     const TempDir dir;
     const std::string file = dir.path() + "/time.xml";
@@ -123,13 +133,7 @@ TEST(TimetoolLoad, ASetTheTimeObjectWouldNotTakeAsStoredIsRefused) {
     };
     const TempDir dir;
     const std::string file = dir.path() + "/time.xml";
-    for (const RefusedCase& c : cases) {
-        WriteFile(file, ParametersXml(c.entries));
-        const ToolRun run = RunTimetool({"load", file});
-        EXPECT_EQ(run.status, 2) << c.why;
-        EXPECT_EQ(run.out, "");
-        EXPECT_EQ(run.err, "timetool: bad FILE '" + file + "': " + c.why + "\n");
-    }
+    for (const RefusedCase& c : cases) ExpectLoadRefused(file, ParametersXml(c.entries), c.why);
 }
 
 TEST(TimetoolLoad, WellFormedXmlWithoutAParameterSetIsRefused) {
@@ -140,11 +144,8 @@ TEST(TimetoolLoad, WellFormedXmlWithoutAParameterSetIsRefused) {
     for (const char* text : {"<a/>",
                              "<DATETIME><WeekDay>5</WeekDay><Day>21</Day><Month>6</Month><Year>2024</Year>"
                              "<Hour>17</Hour><Minute>54</Minute><Second>0</Second></DATETIME>"}) {
-        WriteFile(file, text);
-        const ToolRun run = RunTimetool({"load", file});
-        EXPECT_EQ(run.status, 2) << text;
-        EXPECT_EQ(run.out, "");
-        EXPECT_EQ(run.err, "timetool: bad FILE '" + file + "': it holds no Time parameter set\n");
+        SCOPED_TRACE(text);
+        ExpectLoadRefused(file, text, "it holds no Time parameter set");
     }
 }
 
@@ -169,13 +170,7 @@ TEST(TimetoolLoad, FolderFilesAreCheckedTheSameWay) {
         {{{"Day", 21}, {"Month", 6}, {"Year", 40000}, {"Hour", 17}, {"Minute", 54}, {"Second", 0}},
          "Year 40000 does not fit the Time object's 16-bit field (-32768 to 32767)"},
     };
-    for (const auto& c : cases) {
-        WriteFile(file, ParametersFolder(c.entries));
-        const ToolRun run = RunTimetool({"load", file});
-        EXPECT_EQ(run.status, 2) << c.why;
-        EXPECT_EQ(run.out, "");
-        EXPECT_EQ(run.err, "timetool: bad FILE '" + file + "': " + c.why + "\n");
-    }
+    for (const auto& c : cases) ExpectLoadRefused(file, ParametersFolder(c.entries), c.why);
 }
 
 TEST(TimetoolLoad, TruncatedAndCorruptedFilesAreRefused) {

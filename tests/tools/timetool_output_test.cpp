@@ -15,9 +15,9 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "tool_runner.h"
@@ -25,13 +25,6 @@
 extern char** environ;
 
 namespace {
-
-std::string ReadFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
 
 // How the child is set up before timetool starts in it.
 struct Child {
@@ -76,18 +69,11 @@ Ended Wait(pid_t pid, std::chrono::seconds limit) {
 // pipe kept in the child would keep it from ever breaking); the caller
 // closes the parent's copies.
 pid_t Start(const Child& child) {
-    std::vector<std::string> argv0{TIMETOOL_PATH};
-    argv0.insert(argv0.end(), child.args.begin(), child.args.end());
-    std::vector<char*> argv;
-    for (std::string& arg : argv0) argv.push_back(arg.data());
-    argv.push_back(nullptr);
     std::vector<std::string> variables{child.registry};
     for (char** entry = environ; *entry; ++entry) {
         if (std::strncmp(*entry, "CALENDAR_REGISTRY=", 18) != 0) variables.emplace_back(*entry);
     }
-    std::vector<char*> envp;
-    for (std::string& variable : variables) envp.push_back(variable.data());
-    envp.push_back(nullptr);
+    ChildCommand command(TIMETOOL_PATH, child.args, std::move(variables));
 
     const pid_t pid = fork();
     if (pid != 0) return pid;
@@ -107,7 +93,7 @@ pid_t Start(const Child& child) {
     setrlimit(RLIMIT_FSIZE, &limit);
     signal(SIGXFSZ, SIG_IGN);
     if (child.ignorePipeSignal) signal(SIGPIPE, SIG_IGN);
-    execve(argv[0], argv.data(), envp.data());
+    execve(TIMETOOL_PATH, command.argv(), command.envp());
     _exit(127);
 }
 

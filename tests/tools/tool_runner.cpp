@@ -11,16 +11,38 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 extern char** environ;
-
-namespace {
 
 std::string ReadFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     std::ostringstream text;
     text << in.rdbuf();
     return text.str();
+}
+
+ChildCommand::ChildCommand(const std::string& program, const std::vector<std::string>& args,
+                           std::vector<std::string> variables)
+    : words_{program}, variables_(std::move(variables)) {
+    words_.insert(words_.end(), args.begin(), args.end());
+    for (std::string& word : words_) argv_.push_back(word.data());
+    argv_.push_back(nullptr);
+    for (std::string& variable : variables_) envp_.push_back(variable.data());
+    envp_.push_back(nullptr);
+}
+
+namespace {
+
+// Waits for the child and reads what it wrote to the two files.
+ToolRun Collect(pid_t pid, const std::string& outPath, const std::string& errPath) {
+    int wstatus = 0;
+    waitpid(pid, &wstatus, 0);
+    ToolRun run;
+    run.status = WIFEXITED(wstatus) ? WEXITSTATUS(wstatus) : -1;
+    run.out = ReadFile(outPath);
+    run.err = ReadFile(errPath);
+    return run;
 }
 
 }  // namespace
@@ -50,12 +72,6 @@ ToolRun RunProgram(const std::string& program, const std::vector<std::string>& a
     posix_spawn_file_actions_addopen(&actions, 1, outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     posix_spawn_file_actions_addopen(&actions, 2, errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
 
-    std::vector<std::string> argv0{program};
-    argv0.insert(argv0.end(), args.begin(), args.end());
-    std::vector<char*> argv;
-    for (std::string& arg : argv0) argv.push_back(arg.data());
-    argv.push_back(nullptr);
-
     std::vector<std::string> variables = environment;
     for (char** entry = environ; *entry; ++entry) {
         const std::string variable(*entry);
@@ -64,22 +80,13 @@ ToolRun RunProgram(const std::string& program, const std::vector<std::string>& a
         for (const std::string& given : environment) replaced = replaced || given.rfind(name, 0) == 0;
         if (!replaced) variables.push_back(variable);
     }
-    std::vector<char*> envp;
-    for (std::string& variable : variables) envp.push_back(variable.data());
-    envp.push_back(nullptr);
+    ChildCommand command(program, args, std::move(variables));
 
     pid_t pid = 0;
-    const int spawned = posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), envp.data());
+    const int spawned = posix_spawn(&pid, program.c_str(), &actions, nullptr, command.argv(), command.envp());
     posix_spawn_file_actions_destroy(&actions);
     if (spawned != 0) throw std::runtime_error("cannot start " + program);
-    int wstatus = 0;
-    waitpid(pid, &wstatus, 0);
-
-    ToolRun run;
-    run.status = WIFEXITED(wstatus) ? WEXITSTATUS(wstatus) : -1;
-    run.out = ReadFile(outPath);
-    run.err = ReadFile(errPath);
-    return run;
+    return Collect(pid, outPath, errPath);
 }
 
 ToolRun RunTimetool(const std::vector<std::string>& args, const std::string& input,
@@ -97,31 +104,17 @@ ToolRun RunTimetoolAsNobody(const std::vector<std::string>& args, const std::vec
     const std::string errPath = scratch.path() + "/err";
     const int out = open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
     const int err = open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    std::vector<std::string> argv0{TIMETOOL_PATH};
-    argv0.insert(argv0.end(), args.begin(), args.end());
-    std::vector<char*> argv;
-    for (std::string& arg : argv0) argv.push_back(arg.data());
-    argv.push_back(nullptr);
-    std::vector<std::string> variables = environment;
-    std::vector<char*> envp;
-    for (std::string& variable : variables) envp.push_back(variable.data());
-    envp.push_back(nullptr);
+    ChildCommand command(TIMETOOL_PATH, args, environment);
 
     const pid_t pid = fork();
     if (pid == 0) {
         dup2(out, 1);
         dup2(err, 2);
         if (setgroups(0, nullptr) != 0 || setgid(kNobodyId) != 0 || setuid(kNobodyId) != 0) _exit(127);
-        execve(argv[0], argv.data(), envp.data());
+        execve(TIMETOOL_PATH, command.argv(), command.envp());
         _exit(127);
     }
     close(out);
     close(err);
-    int wstatus = 0;
-    waitpid(pid, &wstatus, 0);
-    ToolRun run;
-    run.status = WIFEXITED(wstatus) ? WEXITSTATUS(wstatus) : -1;
-    run.out = ReadFile(outPath);
-    run.err = ReadFile(errPath);
-    return run;
+    return Collect(pid, outPath, errPath);
 }

@@ -34,6 +34,26 @@ inline constexpr unsigned kNobodyId = 65534;
 // folder out of its reach).
 ToolRun RunTimetoolAsNobody(const std::vector<std::string>& args, const std::vector<std::string>& environment);
 
+// The whole content of a file; empty when it cannot be read.
+std::string ReadFile(const std::string& path);
+
+// Owns the strings behind a child's argv and envp, which must stay alive
+// until the child has started; build it before fork, so that the child needs
+// no allocation before exec.
+class ChildCommand {
+public:
+    ChildCommand(const std::string& program, const std::vector<std::string>& args, std::vector<std::string> variables);
+
+    char* const* argv() { return argv_.data(); }
+    char* const* envp() { return envp_.data(); }
+
+private:
+    std::vector<std::string> words_;
+    std::vector<std::string> variables_;
+    std::vector<char*> argv_;
+    std::vector<char*> envp_;
+};
+
 // A fresh directory under the system's temporary folder, removed with its
 // contents when the holder is destroyed.
 class TempDir {
