@@ -79,6 +79,43 @@ void RefuseEmptyValues(const CLI::App& app) {
     for (const CLI::App* command : app.get_subcommands()) RefuseEmptyValues(*command);
 }
 
+// True when `name` is a long option of the program or of one of its commands.
+bool IsLongOption(const CLI::App& app, const std::string& name) {
+    if (app.get_option_no_throw(name) != nullptr) return true;
+    for (const CLI::App* command : app.get_subcommands({})) {
+        if (IsLongOption(*command, name)) return true;
+    }
+    return false;
+}
+
+// "--lat=" gives the option an empty value. The parser would take the next
+// argument as the value instead ("--tz= show" would read "show" as a zone),
+// so it is refused here, before parsing, as an empty value is everywhere.
+void RefuseEmptyJoinedValues(const CLI::App& app, int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view arg = argv[i];
+        if (arg == "--") return;
+        if (arg.size() < 4 || !arg.starts_with("--") || !arg.ends_with("=")) continue;
+        const std::string name(arg.substr(0, arg.size() - 1));
+        if (name.find('=') != std::string::npos || !IsLongOption(app, name)) continue;
+        throw ToolError{kExitBadInput, "timetool: empty " + name + ": give a value or leave the option out"};
+    }
+}
+
+// The parser's own words for an option given last without its value name
+// the value's type ("--days: 1 required TEXT missing"); this says it as the
+// other refusals do. An empty message means the error is another one.
+std::string MissingValueMessage(const CLI::ParseError& error) {
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) == nullptr) return {};
+    const std::string text = error.what();
+    const std::size_t colon = text.find(": ");
+    if (colon == std::string::npos || text.find(" required ", colon) == std::string::npos ||
+        !text.ends_with(" missing")) {
+        return {};
+    }
+    return "timetool: " + text.substr(0, colon) + " needs a value";
+}
+
 int Run(int argc, char** argv) {
     CLI::App app{
         "timetool: dates in seven calendars, star dates, sunrise, sunset and the moon, "
@@ -128,11 +165,17 @@ int Run(int argc, char** argv) {
         }
         SetFixedNow(fixedNow);
     });
+    RefuseEmptyJoinedValues(app, argc, argv);
     try {
         app.parse(argc, argv);
         if (app.get_subcommands().empty()) RunShow(defaultView);
     } catch (const CLI::ParseError& e) {
         if (e.get_exit_code() == 0) return app.exit(e);
+        const std::string missing = MissingValueMessage(e);
+        if (!missing.empty()) {
+            std::cerr << EscapeText(missing, kShownParserMessageLength) << "\n";
+            return kExitBadInput;
+        }
         std::cerr << "timetool: " << EscapeText(e.what(), kShownParserMessageLength) << "\n";
         return kExitBadInput;
     }

@@ -112,10 +112,20 @@ TEST(TimetoolOptions, AnEmptyValueIsAnErrorNotTheDefault) {
         const std::string& option = args.at(args.size() - 2);
         ExpectRefused({args, "timetool: empty " + option + ": give a value or leave the option out"});
     }
-    // Written with "=", the parser itself refuses it.
-    const ToolRun joined = RunTimetool({"show", "2024-06-21", "--lat="});
-    EXPECT_EQ(joined.status, 2);
-    EXPECT_EQ(joined.out, "");
+    // Written with "=", the value is just as empty.
+    ExpectRefused({{"show", "2024-06-21", "--lat="}, "timetool: empty --lat: give a value or leave the option out"});
+    ExpectRefused({{"sun", "2024-06-21", "--days="}, "timetool: empty --days: give a value or leave the option out"});
+    // Not the next argument taken as the value.
+    ExpectRefused({{"--tz=", "show"}, "timetool: empty --tz: give a value or leave the option out"});
+    ExpectRefused({{"sun", "--lat=", "2024-06-21"}, "timetool: empty --lat: give a value or leave the option out"});
+    // After "--" it is no option.
+    ExpectRefused({{"show", "--", "--lat="}, "timetool: bad WHEN '--lat=': expected YYYY-MM-DD"});
+}
+
+TEST(TimetoolOptions, AnOptionLastWithoutItsValueIsNamed) {
+    ExpectRefused({{"sun", "2024-06-21", "--days"}, "timetool: --days needs a value"});
+    ExpectRefused({{"show", "2024-06-21", "--calendar"}, "timetool: --calendar needs a value"});
+    ExpectRefused({{"window", "3", "--stat"}, "timetool: --stat needs a value"});
 }
 
 TEST(TimetoolEcho, ControlCharactersInAnEchoedArgumentAreEscaped) {
