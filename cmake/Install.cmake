@@ -6,7 +6,7 @@
 #   <libdir>/cmake/CalendarModule/        find_package(CalendarModule CONFIG)
 #   <libdir>/pkgconfig/calendar-module.pc
 #   share/doc/calendar-module/            README, guides, formats, the host example
-#   share/man/man1/timetool.1             timetool's manual page
+#   share/man/man1/timetool.1.gz          timetool's manual page
 #   share/bash-completion/completions/timetool
 # The two libraries are opened with dlopen by path, never linked, so nothing
 # installed carries an RPATH.
@@ -50,19 +50,20 @@ target_compile_definitions(timetool_host PRIVATE CAL_MODULE_DIR_FROM_BIN="${CAL_
 # completion, loaded by bash-completion on first use of the command.
 option(CAL_REQUIRE_MAN_PAGE "Fail to configure when scdoc is missing" OFF)
 find_program(SCDOC_EXECUTABLE scdoc)
-if(SCDOC_EXECUTABLE)
+find_program(GZIP_EXECUTABLE gzip)
+if(SCDOC_EXECUTABLE AND GZIP_EXECUTABLE)
   set(CAL_MAN_PAGE ${CMAKE_BINARY_DIR}/man/timetool.1)
-  add_custom_command(OUTPUT ${CAL_MAN_PAGE}
-    COMMAND ${CMAKE_COMMAND} -DSCDOC=${SCDOC_EXECUTABLE} -DPAGE=${CMAKE_SOURCE_DIR}/docs/timetool.1.scd
-            -DGRAMMAR=${CMAKE_SOURCE_DIR}/tools/commands.h -DOUTPUT=${CAL_MAN_PAGE}
-            -P ${CMAKE_CURRENT_LIST_DIR}/ManPage.cmake
+  add_custom_command(OUTPUT ${CAL_MAN_PAGE} ${CAL_MAN_PAGE}.gz
+    COMMAND ${CMAKE_COMMAND} -DSCDOC=${SCDOC_EXECUTABLE} -DGZIP=${GZIP_EXECUTABLE} -DEPOCH=${CAL_SOURCE_DATE_EPOCH}
+            -DPAGE=${CMAKE_SOURCE_DIR}/docs/timetool.1.scd -DGRAMMAR=${CMAKE_SOURCE_DIR}/tools/commands.h
+            -DOUTPUT=${CAL_MAN_PAGE} -P ${CMAKE_CURRENT_LIST_DIR}/ManPage.cmake
     DEPENDS ${CMAKE_SOURCE_DIR}/docs/timetool.1.scd ${CMAKE_SOURCE_DIR}/tools/commands.h
             ${CMAKE_CURRENT_LIST_DIR}/ManPage.cmake
     COMMENT "Rendering timetool.1")
-  add_custom_target(timetool_man_page ALL DEPENDS ${CAL_MAN_PAGE})
-  install(FILES ${CAL_MAN_PAGE} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  add_custom_target(timetool_man_page ALL DEPENDS ${CAL_MAN_PAGE} ${CAL_MAN_PAGE}.gz)
+  install(FILES ${CAL_MAN_PAGE}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 elseif(CAL_REQUIRE_MAN_PAGE)
-  message(FATAL_ERROR "scdoc is needed for timetool.1: bash scripts/setup.sh installs it")
+  message(FATAL_ERROR "scdoc and gzip are needed for timetool.1: bash scripts/setup.sh installs them")
 endif()
 install(FILES ${CMAKE_SOURCE_DIR}/tools/completion/timetool.bash
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions RENAME timetool)

@@ -1,7 +1,10 @@
 # Renders timetool.1 from docs/timetool.1.scd, with the WHEN grammar taken
 # from the text `timetool --help` prints (kWhenGrammar in tools/commands.h),
-# so the grammar is written down once.
-# cmake -DSCDOC=<scdoc> -DPAGE=<.scd> -DGRAMMAR=<commands.h> -DOUTPUT=<.1> -P ManPage.cmake
+# so the grammar is written down once. The page is dated EPOCH (seconds since
+# 1970; empty: today) and also written compressed as <.1>.gz, as manual pages
+# are installed, with no file name or time in the gzip header.
+# cmake -DSCDOC=<scdoc> -DGZIP=<gzip> -DEPOCH=<seconds> -DPAGE=<.scd> -DGRAMMAR=<commands.h> -DOUTPUT=<.1>
+#       -P ManPage.cmake
 file(READ ${GRAMMAR} header)
 set(opening "kWhenGrammar = R\"(")
 string(FIND "${header}" "${opening}" start)
@@ -25,9 +28,19 @@ endif()
 string(REPLACE "@WHEN_GRAMMAR@" "${grammar}" page "${page}")
 get_filename_component(folder ${OUTPUT} DIRECTORY)
 file(WRITE ${folder}/timetool.1.scd "${page}")
-execute_process(COMMAND ${SCDOC} INPUT_FILE ${folder}/timetool.1.scd OUTPUT_FILE ${OUTPUT}
+set(scdoc ${SCDOC})
+if(NOT "${EPOCH}" STREQUAL "")
+  set(scdoc ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${EPOCH} ${SCDOC})
+endif()
+execute_process(COMMAND ${scdoc} INPUT_FILE ${folder}/timetool.1.scd OUTPUT_FILE ${OUTPUT}
   RESULT_VARIABLE result ERROR_VARIABLE errors)
 if(NOT result EQUAL 0)
-  file(REMOVE ${OUTPUT})
+  file(REMOVE ${OUTPUT} ${OUTPUT}.gz)
   message(FATAL_ERROR "scdoc failed on ${PAGE} (lines as in ${folder}/timetool.1.scd): ${errors}")
+endif()
+execute_process(COMMAND ${GZIP} -9 -n -c ${OUTPUT} OUTPUT_FILE ${OUTPUT}.gz
+  RESULT_VARIABLE result ERROR_VARIABLE errors)
+if(NOT result EQUAL 0)
+  file(REMOVE ${OUTPUT} ${OUTPUT}.gz)
+  message(FATAL_ERROR "gzip failed on ${OUTPUT}: ${errors}")
 endif()

@@ -36,6 +36,13 @@ quiet cmake --build "$build" -j2
 libdir=$(sed -n 's/^CMAKE_INSTALL_LIBDIR:PATH=//p' "$build/CMakeCache.txt")
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$build/CMakeCache.txt")
 multiarch=$(dpkg-architecture -qDEB_HOST_MULTIARCH)
+# The day the manual page carries: that of the commit, in UTC, unless the
+# build was given SOURCE_DATE_EPOCH; empty outside a git checkout.
+if [ -n "${SOURCE_DATE_EPOCH:-}" ]; then
+  commit_date=$(date -u -d "@$SOURCE_DATE_EPOCH" +%F)
+else
+  commit_date=$(git log -1 --format=%ct 2>/dev/null | xargs -r -I{} date -u -d @{} +%F || true)
+fi
 [ "$libdir" = "lib/$multiarch" ] || fail "CMAKE_INSTALL_LIBDIR is '$libdir', expected lib/$multiarch"
 
 # Every file an installation holds, relative to its prefix.
@@ -49,7 +56,7 @@ expected_files() {
   echo "$libdir/cmake/CalendarModule/CalendarModuleConfigVersion.cmake"
   echo "$libdir/cmake/CalendarModule/CalendarModuleTargets.cmake"
   echo "$libdir/pkgconfig/calendar-module.pc"
-  echo share/man/man1/timetool.1
+  echo share/man/man1/timetool.1.gz
   echo share/bash-completion/completions/timetool
   echo share/doc/calendar-module/README.md
   if [ -f COMPATIBILITY.md ]; then echo share/doc/calendar-module/COMPATIBILITY.md; fi
@@ -103,14 +110,22 @@ check_timetool() {  # <prefix>
   rm -rf "$work/beside"
 }
 
-# The manual page renders without a warning and holds the grammar of --help;
-# the completion is found where bash-completion looks for it and completes a
-# command and a KIND name for the installed timetool.
+# The manual page is compressed as Debian installs manual pages (gzip -9n:
+# no name or time in the header), is dated the day of the commit, renders
+# without a warning and holds the grammar of --help; the completion is found
+# where bash-completion looks for it and completes a command and a KIND name
+# for the installed timetool.
 check_manual_and_completion() {  # <prefix>
-  local prefix=$1 out
-  MANWIDTH=80 man -l "$prefix/share/man/man1/timetool.1" >"$work/timetool.txt" 2>"$log" ||
-    fail "man -l timetool.1: $(cat "$log")"
-  [ ! -s "$log" ] || fail "man -l timetool.1 warns: $(cat "$log")"
+  local prefix=$1 out page=$1/share/man/man1/timetool.1.gz
+  quiet gzip -t "$page"
+  [ "$(od -An -tu1 -j3 -N5 "$page" | tr -s ' ')" = " 0 0 0 0 0" ] || fail "timetool.1.gz carries a name or a time"
+  [ "$(od -An -tu1 -j8 -N1 "$page" | tr -d ' ')" = 2 ] || fail "timetool.1.gz is not compressed at level 9"
+  if [ -n "$commit_date" ]; then
+    zcat "$page" | grep -q "^\.TH \"timetool\" \"1\" \"$commit_date\"" ||
+      fail "timetool.1 is not dated $commit_date: $(zcat "$page" | grep '^\.TH')"
+  fi
+  MANWIDTH=80 man -l "$page" >"$work/timetool.txt" 2>"$log" || fail "man -l timetool.1.gz: $(cat "$log")"
+  [ ! -s "$log" ] || fail "man -l timetool.1.gz warns: $(cat "$log")"
   for text in "sd:DAYS" "0 is 1 BC, -1 is 2 BC" "CALENDAR_MODULE_DIR" "EXIT STATUS"; do
     grep -qF -- "$text" "$work/timetool.txt" || fail "the rendered manual page lacks '$text'"
   done

@@ -9,7 +9,7 @@ packages=(
   libcli11-dev nlohmann-json3-dev libpugixml-dev zlib1g-dev python3-ephem
   tzdata libical-dev
   clang libclang-rt-14-dev valgrind clang-format clang-tidy
-  dpkg-dev file pkgconf scdoc bash-completion man-db groff-base
+  dpkg-dev file pkgconf scdoc gzip bash-completion man-db groff-base
   locales
 )
 missing=()
