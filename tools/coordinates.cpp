@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <numbers>
 
 namespace timetool {
 
@@ -44,13 +43,5 @@ CoordinateParse ParseDegrees(std::string_view text, char positive, char negative
 CoordinateParse ParseLatitude(std::string_view text) { return ParseDegrees(text, 'N', 'S', 90.0); }
 
 CoordinateParse ParseLongitude(std::string_view text) { return ParseDegrees(text, 'E', 'W', 180.0); }
-
-SunAbsence ClassifySunAbsence(double latitudeNorth, double starDate) {
-    // Mean tropical year, and the March equinox of 2000 as a star date.
-    constexpr double kTropicalYear = 365.2422;
-    constexpr double kEquinox2000 = 730201.3;
-    const double season = std::sin(2.0 * std::numbers::pi * (starDate - kEquinox2000) / kTropicalYear);
-    return latitudeNorth * season > 0.0 ? SunAbsence::PolarDay : SunAbsence::PolarNight;
-}
 
 }  // namespace timetool

@@ -1,5 +1,4 @@
-// Geographic coordinates as typed on the command line, and how to read a
-// sunrise the module cannot give.
+// Geographic coordinates as typed on the command line.
 #pragma once
 
 #include <optional>
@@ -19,12 +18,5 @@ CoordinateParse ParseLatitude(std::string_view text);
 // Decimal degrees, east-positive, optionally with a trailing E or W:
 // "-83.045", "83.045W", "2.35E". Range -180 to 180.
 CoordinateParse ParseLongitude(std::string_view text);
-
-enum class SunAbsence { PolarDay, PolarNight };
-
-// When the module reports no sunrise (not-a-number), the sun either stays up
-// or stays down all day: up when the sun's declination at the star date lies
-// on the same side of the equator as the place.
-SunAbsence ClassifySunAbsence(double latitudeNorth, double starDate);
 
 }  // namespace timetool

@@ -56,13 +56,5 @@ TEST(ParseLatitude, TooManyDigitsForADoubleAreStillRead) {
     EXPECT_EQ(*ParseLongitude("0." + std::string(400, '0') + "1E").degrees, 0.0);
 }
 
-TEST(ClassifySunAbsence, FollowsTheSeasonOfEachHemisphere) {
-    // 21 June 2024 (star date 739060) and 21 December 2024 (739243).
-    EXPECT_EQ(ClassifySunAbsence(89.0, 739060.0), SunAbsence::PolarDay);
-    EXPECT_EQ(ClassifySunAbsence(-89.0, 739060.0), SunAbsence::PolarNight);
-    EXPECT_EQ(ClassifySunAbsence(89.0, 739243.0), SunAbsence::PolarNight);
-    EXPECT_EQ(ClassifySunAbsence(-89.0, 739243.0), SunAbsence::PolarDay);
-}
-
 }  // namespace
 }  // namespace timetool
